@@ -1,0 +1,11 @@
+/* Colour primitives.  C linkage; compiles as C99 and as C++. */
+#ifndef PIXMOOR_PRIMITIVES_COLOUR_H
+#define PIXMOOR_PRIMITIVES_COLOUR_H
+
+#include <pixmoor/runtime.h>
+
+PIXMOOR_EXTERN_C_BEGIN
+
+PIXMOOR_EXTERN_C_END
+
+#endif
