@@ -1,7 +1,9 @@
 // The fixed routines of the RGB scaler for seven pairs of video sizes at 24
-// bits.  They work in 8-byte words built with shifts and masks, a group of
-// pixels in one unrolled body with no branch per pixel.  All their sizes give
-// lines that are whole multiples of 4 bytes, so line padding never arises.
+// bits.  Each handles a group of pixels in one body with no branch per pixel:
+// doubling and halving build 8-byte words from 24-bit pixels with shifts and
+// masks, the eleven-tenths routine moves blocks of ten pixels.  All their
+// sizes give lines that are whole multiples of 4 bytes, so line padding never
+// arises, and they read the sizes straight from the object.
 #include <cstring>
 
 #include "size/rgb_scale.h"

@@ -34,17 +34,7 @@ CSizeXForm::CSizeXForm(uint32_t fourcc, uint32_t bits)
       xformRoutine(nullptr) {}
 
 // The forbidden constructors zero the sizes and copy nothing.
-CSizeXForm::CSizeXForm()
-    : initialised(0),
-      needsXForm(1),
-      fourCC(0),
-      bitsPerPixel(0),
-      inputSize(),
-      outputSize(),
-      destBufferSize(0),
-      xformType(XFormCropPad),
-      interpType(InterpDefault),
-      xformRoutine(nullptr) {}
+CSizeXForm::CSizeXForm() : CSizeXForm(0, 0) {}
 
 CSizeXForm::CSizeXForm(const CSizeXForm&) : CSizeXForm() {}
 

@@ -5,20 +5,12 @@
 #include <algorithm>
 #include <vector>
 
-#include "guarded_buffer.h"
 #include "size/rgb_scale.h"
-#include "size/size_xform_internals.h"
 #include "size_test_support.h"
 
-using pixmoor_test::GuardedBuffer;
-using size_test::Bytes;
-using size_test::Make;
-using size_test::Transform;
-using X = SizeXFormInternals;
+using namespace size_test;
 
 namespace {
-
-using Frame = std::vector<uint8_t>;
 
 // A 24-bit frame without line padding, as all the table sizes have.
 struct Picture {

@@ -10,16 +10,10 @@
 
 #include <pixmoor/size.h>
 
-#include "guarded_buffer.h"
 #include "size/i420_crop_pad.h"
-#include "size/size_xform_internals.h"
 #include "size_test_support.h"
 
-using pixmoor_test::GuardedBuffer;
-using size_test::Bytes;
-using size_test::Make;
-using size_test::Transform;
-using X = SizeXFormInternals;
+using namespace size_test;
 
 namespace {
 
@@ -90,6 +84,19 @@ Walk WalkFrame(const Strips& strips, const uint8_t* src) {
     return w;
 }
 
+// Initialises a fresh transform and checks its three strips: the two chroma
+// records are alike.
+Transform InitWithStrips(AbsSIZE in, AbsSIZE out, const Strip& luma, const Strip& chroma,
+                         uint32_t fourcc = FCC_I420) {
+    Transform t = Make(fourcc, 12);
+    EXPECT_TRUE(t->Init(in, out, XFormCropPad, InterpDefault));
+    const auto& crop = dynamic_cast<const CSizeXFormI420CropPad&>(*t);
+    ExpectStrip(crop.Strip(0), luma, 0);
+    ExpectStrip(crop.Strip(1), chroma, 1);
+    ExpectStrip(crop.Strip(2), chroma, 2);
+    return t;
+}
+
 size_t FrameBytes(AbsSIZE s) { return Bytes(s.cx * s.cy * 3 / 2); }
 
 // Runs one frame through a fresh transform with a destination of exactly
@@ -100,11 +107,8 @@ struct FrameRun {
 };
 
 FrameRun CheckFrame(uint32_t fourcc, AbsSIZE in, AbsSIZE out, uint32_t seed) {
-    Transform t = Make(fourcc, 12);
-    EXPECT_TRUE(t->Init(in, out, XFormCropPad, InterpDefault));
     const Strips strips = ExpectedStrips(in, out);
-    const auto& crop = dynamic_cast<const CSizeXFormI420CropPad&>(*t);
-    for (int p = 0; p < 3; ++p) ExpectStrip(crop.Strip(p), strips[p], p);
+    Transform t = InitWithStrips(in, out, strips[0], strips[1], fourcc);
 
     const size_t readBytes = std::max(WalkFrame(strips, nullptr).read, FrameBytes(in));
     GuardedBuffer src(readBytes);
@@ -155,12 +159,7 @@ TEST(I420CropPad, HeightDoubledPadsChromaWithHalfTheLumaBytes) {
     // 176x144 to 176x288: luma top pad 12672; chroma rows 72, line 88, top
     // pad 6336 (not the 3168 of 36 half-width lines).
     const AbsSIZE in(176, 144), out(176, 288);
-    Transform t = Make(FCC_I420, 12);
-    ASSERT_TRUE(t->Init(in, out, XFormCropPad, InterpDefault));
-    const auto& crop = dynamic_cast<const CSizeXFormI420CropPad&>(*t);
-    ExpectStrip(crop.Strip(0), Strip{144, 176, 12672, 0, 0, 0}, 0);
-    ExpectStrip(crop.Strip(1), Strip{72, 88, 6336, 0, 0, 0}, 1);
-    ExpectStrip(crop.Strip(2), Strip{72, 88, 6336, 0, 0, 0}, 2);
+    Transform t = InitWithStrips(in, out, Strip{144, 176, 12672, 0, 0, 0}, Strip{72, 88, 6336, 0, 0, 0});
     EXPECT_EQ(t->DestBufferSize(), 76032);
 
     // Luma writes 50688 bytes and each chroma plane 19008: 88704 in all,
@@ -184,11 +183,7 @@ TEST(I420CropPad, HeightHalvedSkipsPastTheEndOfTheSource) {
     // 176x288 to 176x144: chroma skip 6336 at both ends of each plane, so
     // the second chroma plane is read 6336 bytes past the frame's 76032.
     const AbsSIZE in(176, 288), out(176, 144);
-    Transform t = Make(FCC_I420, 12);
-    ASSERT_TRUE(t->Init(in, out, XFormCropPad, InterpDefault));
-    const auto& crop = dynamic_cast<const CSizeXFormI420CropPad&>(*t);
-    ExpectStrip(crop.Strip(0), Strip{144, 176, 0, 12672, 0, 0}, 0);
-    ExpectStrip(crop.Strip(1), Strip{72, 88, 0, 6336, 0, 0}, 1);
+    Transform t = InitWithStrips(in, out, Strip{144, 176, 0, 12672, 0, 0}, Strip{72, 88, 0, 6336, 0, 0});
     ASSERT_EQ(t->DestBufferSize(), 38016);
 
     const FrameRun run = CheckFrame(FCC_I420, in, out, 12);
@@ -205,12 +200,7 @@ TEST(I420CropPad, HeightHalvedSkipsPastTheEndOfTheSource) {
 
 TEST(I420CropPad, WidthDoubledWritesExactlyDestBufferSize) {
     const AbsSIZE in(176, 144), out(352, 144);
-    Transform t = Make(FCC_I420, 12);
-    ASSERT_TRUE(t->Init(in, out, XFormCropPad, InterpDefault));
-    const auto& crop = dynamic_cast<const CSizeXFormI420CropPad&>(*t);
-    ExpectStrip(crop.Strip(0), Strip{144, 176, 0, 0, 88, 0}, 0);
-    ExpectStrip(crop.Strip(1), Strip{72, 88, 0, 0, 44, 0}, 1);
-    ExpectStrip(crop.Strip(2), Strip{72, 88, 0, 0, 44, 0}, 2);
+    Transform t = InitWithStrips(in, out, Strip{144, 176, 0, 0, 88, 0}, Strip{72, 88, 0, 0, 44, 0});
     const FrameRun run = CheckFrame(FCC_I420, in, out, 13);
     EXPECT_EQ(run.dst.size(), Bytes(t->DestBufferSize()));
     // The clean geometry holds for every plane here.
@@ -228,11 +218,7 @@ TEST(I420CropPad, OddWidthDifferenceLetsTheChromaReadDrift) {
     // copies 88 of the source's 89 bytes, so its read drifts by one byte a
     // line instead of following the source's chroma lines.
     const AbsSIZE in(178, 144), out(176, 144);
-    Transform t = Make(FCC_I420, 12);
-    ASSERT_TRUE(t->Init(in, out, XFormCropPad, InterpDefault));
-    const auto& crop = dynamic_cast<const CSizeXFormI420CropPad&>(*t);
-    ExpectStrip(crop.Strip(0), Strip{144, 176, 0, 0, 0, 1}, 0);
-    ExpectStrip(crop.Strip(1), Strip{72, 88, 0, 0, 0, 0}, 1);
+    Transform t = InitWithStrips(in, out, Strip{144, 176, 0, 0, 0, 1}, Strip{72, 88, 0, 0, 0, 0});
     const FrameRun run = CheckFrame(FCC_I420, in, out, 14);
     ASSERT_EQ(run.dst.size(), Bytes(t->DestBufferSize()));
     const size_t lumaIn = 178 * 144, lumaOut = 176 * 144;
@@ -250,11 +236,7 @@ TEST(I420CropPad, OddDifferencesKeepTheSmallerHalfAsMargin) {
     // 5 more lines and 3 more columns: 2 lines and 1 column of margin on each
     // side; the extra ones are neither copied nor padded.
     const AbsSIZE in(20, 16), out(23, 21);
-    Transform t = Make(FCC_I420, 12);
-    ASSERT_TRUE(t->Init(in, out, XFormCropPad, InterpDefault));
-    const auto& crop = dynamic_cast<const CSizeXFormI420CropPad&>(*t);
-    ExpectStrip(crop.Strip(0), Strip{16, 20, 46, 0, 1, 0}, 0);
-    ExpectStrip(crop.Strip(1), Strip{8, 10, 23, 0, 0, 0}, 1);
+    Transform t = InitWithStrips(in, out, Strip{16, 20, 46, 0, 1, 0}, Strip{8, 10, 23, 0, 0, 0});
     EXPECT_EQ(t->DestBufferSize(), 724);  // 483 * 1.5 = 724.5
     CheckFrame(FCC_I420, in, out, 15);
     // And the other way.

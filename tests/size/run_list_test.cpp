@@ -11,11 +11,7 @@
 #include "size/run_list.h"
 #include "size_test_support.h"
 
-using size_test::AccumulatorStep;
-using size_test::Make;
-using size_test::SelectByAccumulator;
-using size_test::Selection;
-using size_test::Transform;
+using namespace size_test;
 
 namespace {
 

@@ -6,24 +6,12 @@
 #include <random>
 #include <vector>
 
-#include "guarded_buffer.h"
 #include "size/rgb_scale.h"
-#include "size/size_xform_internals.h"
 #include "size_test_support.h"
 
-using pixmoor_test::GuardedBuffer;
-using size_test::AccumulatorStep;
-using size_test::Bytes;
-using size_test::Make;
-using size_test::PaddedLine;
-using size_test::SelectByAccumulator;
-using size_test::Selection;
-using size_test::Transform;
-using X = SizeXFormInternals;
+using namespace size_test;
 
 namespace {
-
-using Frame = std::vector<uint8_t>;
 
 // Each output pixel is the source pixel the accumulator shows for its column
 // on the line it shows for its row; pad bytes at the end of a line are zero.

@@ -10,7 +10,14 @@
 
 #include <pixmoor/size.h>
 
+#include "guarded_buffer.h"
+#include "size/size_xform_internals.h"
+
 namespace size_test {
+
+using pixmoor_test::GuardedBuffer;
+using X = SizeXFormInternals;
+using Frame = std::vector<uint8_t>;
 
 using Transform = std::unique_ptr<CSizeXForm>;
 

@@ -7,16 +7,11 @@
 
 #include <pixmoor/size.h>
 
-#include "guarded_buffer.h"
 #include "size/i420_crop_pad.h"
 #include "size/rgb_scale.h"
-#include "size/size_xform_internals.h"
 #include "size_test_support.h"
 
-using pixmoor_test::GuardedBuffer;
-using size_test::Make;
-using size_test::Transform;
-using X = SizeXFormInternals;
+using namespace size_test;
 
 namespace {
 
@@ -24,6 +19,15 @@ constexpr uint32_t kIYUVLower = MakeFourCC('i', 'y', 'u', 'v');
 
 bool IsCropPad(const Transform& t) { return dynamic_cast<CSizeXFormI420CropPad*>(t.get()) != nullptr; }
 bool IsRGBScale(const Transform& t) { return dynamic_cast<CSizeXFormRGBScale*>(t.get()) != nullptr; }
+
+// XForm on a source of DestBufferSize bytes must give exactly those bytes.
+void ExpectPlainCopy(CSizeXForm& t, const Frame& source) {
+    ASSERT_EQ(source.size(), Bytes(t.DestBufferSize()));
+    GuardedBuffer dst(source.size());
+    t.XForm(source.data(), dst.data());
+    EXPECT_EQ(dst.Contents(), source);
+    EXPECT_TRUE(dst.GuardsIntact());
+}
 
 }  // namespace
 
@@ -209,24 +213,16 @@ TEST(SizeXFormXForm, EqualSizesCopyDestBufferSizeBytes) {
     EXPECT_FALSE(X::NeedsXForm(*s));
     EXPECT_EQ(X::Routine(*s), &CSizeXFormRGBScale::ScaleGeneric);
     EXPECT_NE(dynamic_cast<CSizeXFormRGBScale&>(*s).runsX, nullptr);  // built all the same
-    ASSERT_EQ(s->DestBufferSize(), 80);
-    GuardedBuffer src(80), dst(80);
-    src.FillRandom(1);
+    Frame src = pixmoor_test::RandomBytes(80, 1);
     for (size_t i = 18; i < 80; i += 20) src[i] = src[i + 1] = 0x5A;
-    s->XForm(src.data(), dst.data());
-    EXPECT_EQ(dst.Contents(), src.Contents());
-    EXPECT_TRUE(dst.GuardsIntact());
+    ExpectPlainCopy(*s, src);
 }
 
 TEST(SizeXFormXForm, OddAreaCopiesTheTruncatedSize) {
     Transform t = Make(FCC_I420, 12);
     ASSERT_TRUE(t->Init(AbsSIZE(3, 3), AbsSIZE(3, 3), XFormCropPad, InterpDefault));
     ASSERT_EQ(t->DestBufferSize(), 13);  // 13.5 truncated
-    GuardedBuffer src(13), dst(13);
-    src.FillRandom(2);
-    t->XForm(src.data(), dst.data());
-    EXPECT_EQ(dst.Contents(), src.Contents());
-    EXPECT_TRUE(dst.GuardsIntact());
+    ExpectPlainCopy(*t, pixmoor_test::RandomBytes(13, 2));
 }
 
 TEST(SizeXFormXForm, TheCopyNeverGivesWayToTheRoutineAgain) {
@@ -237,14 +233,8 @@ TEST(SizeXFormXForm, TheCopyNeverGivesWayToTheRoutineAgain) {
         ASSERT_TRUE(t->Init(AbsSIZE(176, 144), AbsSIZE(352, 288), type, InterpDefault));
         EXPECT_FALSE(X::NeedsXForm(*t));
         EXPECT_NE(X::Routine(*t), nullptr);
-        const size_t n = size_test::Bytes(t->DestBufferSize());
-        // The source need only hold what is copied: the routine would read
-        // far less and write a different frame.
-        GuardedBuffer src(n), dst(n);
-        src.FillRandom(3);
-        t->XForm(src.data(), dst.data());
-        EXPECT_EQ(dst.Contents(), src.Contents());
-        EXPECT_TRUE(dst.GuardsIntact());
+        // The routine would write a different frame.
+        ExpectPlainCopy(*t, pixmoor_test::RandomBytes(Bytes(t->DestBufferSize()), 3));
     }
 }
 
