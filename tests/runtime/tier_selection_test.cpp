@@ -316,3 +316,25 @@ TEST(PrimSelectBestTier, CaptionComesFromTheCaptionPointer) {
     ASSERT_EQ(platform.messages().size(), 2u);
     EXPECT_EQ(platform.messages()[1].caption, "played caption");
 }
+
+TEST(PrimSetPlatform, TheNativeMessageBoxWritesOneLineToStandardError) {
+    RuntimeStateGuard guard;
+    PrimSetPlatform(nullptr);
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(PrimSelectTier(4), 0);
+    const std::string written = ::testing::internal::GetCapturedStderr();
+    EXPECT_EQ(written, std::string(kCaption) + ": " + kTierFailure + "\n");
+}
+
+TEST(PrimSetPlatform, NullFieldsKeepTheNativeFunctions) {
+    RuntimeStateGuard guard;
+    const PrimPlatform partial = {nullptr, nullptr, nullptr, nullptr};
+    PrimSetPlatform(&partial);
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(PrimSelectTier(-1), 0);
+    EXPECT_FALSE(::testing::internal::GetCapturedStderr().empty());
+#if defined(__x86_64__) || defined(__i386__)
+    EXPECT_EQ(CpuHasCpuid(), 1);
+#endif
+    PrimSetPlatform(nullptr);
+}
