@@ -90,7 +90,28 @@ inline bool VectorPathAllowed(const void* a, const void* b) {
     return Moved == P || ((Address(a) | Address(b)) & 3) == 0;
 }
 
-// ---- Axes 1 and 2 to a destination -----------------------------------------
+// ---- Axes 1 and 2 ---------------------------------------------------------
+
+// Runs a reversing kernel whose first run is read upwards from `first` while
+// its second run is written downwards from `end`: pixel by pixel where the
+// vector path is not allowed, otherwise pixels until `end` reaches a 16-byte
+// boundary, then whole vectors, then the pixels left.  `pixelsAt(first, end,
+// n)` handles n pixels; `blocksAt(first, end, n)` handles whole vectors and
+// returns the pixels it did.
+template <int P, int Moved, typename First, typename Pixels, typename Blocks>
+void DownwardsFromAlignedEnd(First* first, uint8_t* end, int32_t count, Pixels pixelsAt, Blocks blocksAt) {
+    if (!VectorPathAllowed<P, Moved>(first, end - Offset(count, P))) {
+        pixelsAt(first, end, count);
+        return;
+    }
+    const int32_t head = PixelsToAlignDown<P>(end, count);
+    pixelsAt(first, end, head);
+    first += Offset(head, P);
+    end -= Offset(head, P);
+    count -= head;
+    const int32_t done = blocksAt(first, end, count);
+    pixelsAt(first + Offset(done, P), end - Offset(done, P), count - done);
+}
 
 template <int P, int Moved, Store kind>
 int32_t ReverseBlocks(const uint8_t* src, uint8_t* dstEnd, int32_t count) {
@@ -106,44 +127,24 @@ int32_t ReverseBlocks(const uint8_t* src, uint8_t* dstEnd, int32_t count) {
     return done;
 }
 
-// The source is read upwards while the destination is written downwards
-// from its end, which is first brought to a 16-byte boundary.
+// To a destination: the source is read upwards while the destination is
+// written downwards from its end.  Streaming stores need the aligned end.
 template <int P, int Moved>
 void ReverseRowVector(const uint8_t* src, uint8_t* dst, int32_t count, int32_t flag) {
-    uint8_t* dstEnd = dst + Offset(count, P);
-    if (!VectorPathAllowed<P, Moved>(src, dst)) {
-        pixels::Reverse<P, Moved>(src, dstEnd, count);
-        return;
-    }
-    const int32_t head = PixelsToAlignDown<P>(dstEnd, count);
-    pixels::Reverse<P, Moved>(src, dstEnd, head);
-    src += Offset(head, P);
-    dstEnd -= Offset(head, P);
-    count -= head;
-    int32_t done;
-    if ((Address(dstEnd) & 15) != 0)
-        done = ReverseBlocks<P, Moved, Store::kUnaligned>(src, dstEnd, count);
-    else if (flag != 0)
-        done = ReverseBlocks<P, Moved, Store::kStream>(src, dstEnd, count);
-    else
-        done = ReverseBlocks<P, Moved, Store::kAligned>(src, dstEnd, count);
-    pixels::Reverse<P, Moved>(src + Offset(done, P), dstEnd - Offset(done, P), count - done);
+    DownwardsFromAlignedEnd<P, Moved>(
+        src, dst + Offset(count, P), count,
+        [](const uint8_t* from, uint8_t* end, int32_t n) { pixels::Reverse<P, Moved>(from, end, n); },
+        [flag](const uint8_t* from, uint8_t* end, int32_t n) {
+            if ((Address(end) & 15) != 0) return ReverseBlocks<P, Moved, Store::kUnaligned>(from, end, n);
+            if (flag != 0) return ReverseBlocks<P, Moved, Store::kStream>(from, end, n);
+            return ReverseBlocks<P, Moved, Store::kAligned>(from, end, n);
+        });
 }
 
-// ---- Axes 1 and 2 in place ------------------------------------------------
-
+// In place: the front pixels and the back pixels change places, each run
+// reversed.
 template <int P, int Moved>
-void ReverseSwapVector(uint8_t* front, uint8_t* back, int32_t count) {
-    uint8_t* backEnd = back + Offset(count, P);
-    if (!VectorPathAllowed<P, Moved>(front, back)) {
-        pixels::ReverseSwap<P, Moved>(front, backEnd, count);
-        return;
-    }
-    const int32_t head = PixelsToAlignDown<P>(backEnd, count);
-    pixels::ReverseSwap<P, Moved>(front, backEnd, head);
-    front += Offset(head, P);
-    backEnd -= Offset(head, P);
-    count -= head;
+int32_t ReverseSwapBlocks(uint8_t* front, uint8_t* backEnd, int32_t count) {
     constexpr int32_t kPerVector = 16 / P;
     const __m128i mask = MovedMask<P, Moved>();
     int32_t done = 0;
@@ -154,46 +155,54 @@ void ReverseSwapVector(uint8_t* front, uint8_t* back, int32_t count) {
         _mm_storeu_si128(reinterpret_cast<__m128i*>(f), Merge<P, Moved>(ReversePixels<P>(bv), fv, mask));
         _mm_storeu_si128(reinterpret_cast<__m128i*>(b), Merge<P, Moved>(ReversePixels<P>(fv), bv, mask));
     }
-    pixels::ReverseSwap<P, Moved>(front + Offset(done, P), backEnd - Offset(done, P), count - done);
+    return done;
 }
 
-// ---- Axis 0 for AC4: the destination keeps its alpha -------------------------
+template <int P, int Moved>
+void ReverseSwapVector(uint8_t* front, uint8_t* back, int32_t count) {
+    DownwardsFromAlignedEnd<P, Moved>(
+        front, back + Offset(count, P), count,
+        [](uint8_t* f, uint8_t* end, int32_t n) { pixels::ReverseSwap<P, Moved>(f, end, n); },
+        [](uint8_t* f, uint8_t* end, int32_t n) { return ReverseSwapBlocks<P, Moved>(f, end, n); });
+}
+
+// ---- Axis 0 for AC4: the alpha of every pixel stays ----------------------
+
+// Runs a kernel that walks both runs upwards, pixel j with pixel j: pixel by
+// pixel where the vector path is not allowed, otherwise pixels until the
+// second run reaches a 16-byte boundary, then one vector at a time, then the
+// pixels left.
+template <int P, int Moved, typename First, typename Pixels, typename OneVector>
+void UpwardsToAlignedSecond(First* a, uint8_t* b, int32_t count, Pixels pixelsAt, OneVector vectorAt) {
+    if (!VectorPathAllowed<P, Moved>(a, b)) {
+        pixelsAt(a, b, count);
+        return;
+    }
+    const int32_t head = PixelsToAlignUp<P>(b, count);
+    pixelsAt(a, b, head);
+    int32_t done = head;
+    for (; count - done >= 16 / P; done += 16 / P) vectorAt(a + Offset(done, P), b + Offset(done, P));
+    pixelsAt(a + Offset(done, P), b + Offset(done, P), count - done);
+}
 
 template <int P, int Moved>
 void CopyRowKeepAlpha(const uint8_t* src, uint8_t* dst, int32_t count, int32_t) {
-    if (!VectorPathAllowed<P, Moved>(src, dst)) {
-        pixels::Copy<P, Moved>(src, dst, count);
-        return;
-    }
-    const int32_t head = PixelsToAlignUp<P>(dst, count);
-    pixels::Copy<P, Moved>(src, dst, head);
     const __m128i mask = MovedMask<P, Moved>();
-    int32_t done = head;
-    for (; count - done >= 16 / P; done += 16 / P) {
-        uint8_t* out = dst + Offset(done, P);
-        Put<Store::kUnaligned>(out, Merge<P, Moved>(Load(src + Offset(done, P)), Load(out), mask));
-    }
-    pixels::Copy<P, Moved>(src + Offset(done, P), dst + Offset(done, P), count - done);
+    UpwardsToAlignedSecond<P, Moved>(
+        src, dst, count, [](const uint8_t* s, uint8_t* d, int32_t n) { pixels::Copy<P, Moved>(s, d, n); },
+        [mask](const uint8_t* s, uint8_t* d) { Put<Store::kUnaligned>(d, Merge<P, Moved>(Load(s), Load(d), mask)); });
 }
 
 template <int P, int Moved>
 void SwapRowsKeepAlpha(uint8_t* a, uint8_t* b, int32_t count) {
-    if (!VectorPathAllowed<P, Moved>(a, b)) {
-        pixels::Swap<P, Moved>(a, b, count);
-        return;
-    }
-    const int32_t head = PixelsToAlignUp<P>(b, count);
-    pixels::Swap<P, Moved>(a, b, head);
     const __m128i mask = MovedMask<P, Moved>();
-    int32_t done = head;
-    for (; count - done >= 16 / P; done += 16 / P) {
-        uint8_t* x = a + Offset(done, P);
-        uint8_t* y = b + Offset(done, P);
-        const __m128i xv = Load(x), yv = Load(y);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(x), Merge<P, Moved>(yv, xv, mask));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(y), Merge<P, Moved>(xv, yv, mask));
-    }
-    pixels::Swap<P, Moved>(a + Offset(done, P), b + Offset(done, P), count - done);
+    UpwardsToAlignedSecond<P, Moved>(
+        a, b, count, [](uint8_t* x, uint8_t* y, int32_t n) { pixels::Swap<P, Moved>(x, y, n); },
+        [mask](uint8_t* x, uint8_t* y) {
+            const __m128i xv = Load(x), yv = Load(y);
+            Put<Store::kUnaligned>(x, Merge<P, Moved>(yv, xv, mask));
+            Put<Store::kUnaligned>(y, Merge<P, Moved>(xv, yv, mask));
+        });
 }
 
 // ---- 8-bit C3: four pixels (12 bytes) at a time by shifts ------------------
@@ -293,32 +302,24 @@ constexpr RowKernels AC4() {
                       ReverseSwapVector<P, kMoved>};
 }
 
-
 }  // namespace
 
-const RowKernels kA6Kernels[kLayoutCount] = {
-    C1<1, CopyRowA6<1>>(),
-    RowKernels{CopyRowA6<3>, ReverseRow8uC3, SwapRowsBytes<3>, ReverseSwap8uC3},
-    AC4<4>(),
-    C1<2, CopyRowA6<2>>(),
-    WideC3<6, CopyRowA6<6>>(),
-    AC4<8>(),
-    C1<4, CopyRowA6<4>>(),
-    WideC3<12, CopyRowA6<12>>(),
-    AC4<16>(),
-};
+// The tiers' tables in layout order, given the tier's copy of axis 0.
+#define PIXMOOR_MIRROR_VECTOR_TABLE(CopyRow)                                              \
+    {                                                                                     \
+        C1<1, CopyRow<1>>(),                                                              \
+        RowKernels{CopyRow<3>, ReverseRow8uC3, SwapRowsBytes<3>, ReverseSwap8uC3},        \
+        AC4<4>(),                                                                         \
+        C1<2, CopyRow<2>>(),                                                              \
+        WideC3<6, CopyRow<6>>(),                                                          \
+        AC4<8>(),                                                                         \
+        C1<4, CopyRow<4>>(),                                                              \
+        WideC3<12, CopyRow<12>>(),                                                        \
+        AC4<16>(),                                                                        \
+    }
 
-const RowKernels kW7Kernels[kLayoutCount] = {
-    C1<1, CopyRowW7<1>>(),
-    RowKernels{CopyRowW7<3>, ReverseRow8uC3, SwapRowsBytes<3>, ReverseSwap8uC3},
-    AC4<4>(),
-    C1<2, CopyRowW7<2>>(),
-    WideC3<6, CopyRowW7<6>>(),
-    AC4<8>(),
-    C1<4, CopyRowW7<4>>(),
-    WideC3<12, CopyRowW7<12>>(),
-    AC4<16>(),
-};
+const RowKernels kA6Kernels[kLayoutCount] = PIXMOOR_MIRROR_VECTOR_TABLE(CopyRowA6);
+const RowKernels kW7Kernels[kLayoutCount] = PIXMOOR_MIRROR_VECTOR_TABLE(CopyRowW7);
 
 }  // namespace pixmoor::mirror
 
