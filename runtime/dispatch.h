@@ -27,14 +27,20 @@ static_assert(static_cast<int32_t>(kRowCount) == static_cast<int32_t>(PrimDispat
 // The slots, one per row in row order; each starts at its row's px entry.
 extern PrimEntry g_slots[kRowCount];
 
+// Relaxed atomic access to a word of shared runtime state: a slot, or the
+// current tier.
 #if defined(_MSC_VER) && !defined(__clang__)
-// Aligned pointer-sized accesses are single instructions on this compiler's
+// Aligned word-sized accesses are single instructions on this compiler's
 // targets; volatile keeps each one a real load or store.
-inline PrimEntry LoadSlot(const PrimEntry* slot) { return *static_cast<const volatile PrimEntry*>(slot); }
-inline void StoreSlot(PrimEntry* slot, PrimEntry entry) { *static_cast<volatile PrimEntry*>(slot) = entry; }
+template <typename T>
+inline T RelaxedLoad(const T* word) { return *static_cast<const volatile T*>(word); }
+template <typename T>
+inline void RelaxedStore(T* word, T value) { *static_cast<volatile T*>(word) = value; }
 #else
-inline PrimEntry LoadSlot(const PrimEntry* slot) { return __atomic_load_n(slot, __ATOMIC_RELAXED); }
-inline void StoreSlot(PrimEntry* slot, PrimEntry entry) { __atomic_store_n(slot, entry, __ATOMIC_RELAXED); }
+template <typename T>
+inline T RelaxedLoad(const T* word) { return __atomic_load_n(word, __ATOMIC_RELAXED); }
+template <typename T>
+inline void RelaxedStore(T* word, T value) { __atomic_store_n(word, value, __ATOMIC_RELAXED); }
 #endif
 
 }  // namespace pixmoor::dispatch
@@ -46,7 +52,7 @@ inline void StoreSlot(PrimEntry* slot, PrimEntry entry) { __atomic_store_n(slot,
     static_assert((row) == ::pixmoor::dispatch::kRow_##name, #name " stands in another row");   \
     extern "C" ret name params {                                                                 \
         using Entry = ret(*) params;                                                             \
-        return reinterpret_cast<Entry>(::pixmoor::dispatch::LoadSlot(&::pixmoor::dispatch::g_slots[row])) args; \
+        return reinterpret_cast<Entry>(::pixmoor::dispatch::RelaxedLoad(&::pixmoor::dispatch::g_slots[row])) args; \
     }
 
 #endif

@@ -35,7 +35,7 @@ int32_t RunWaterfall(int32_t tier, const char* failureText) {
     for (const int32_t column : PrimWaterfallTable[tier]) {
         if (column >= PrimTierEnd) break;
         if (PrimFillSlots(column) == 1) {
-            PrimCurrentTier = column;
+            pixmoor::dispatch::RelaxedStore(&PrimCurrentTier, column);
             return 1;
         }
     }
@@ -69,7 +69,7 @@ int32_t PrimFillSlots(int32_t column) {
     for (int32_t row = 0; row < rows; ++row) {
         const PrimEntry entry = PrimDispatchTable[row].entries[column];
         if (entry == nullptr) return 0;
-        pixmoor::dispatch::StoreSlot(PrimDispatchTable[row].slot, entry);
+        pixmoor::dispatch::RelaxedStore(PrimDispatchTable[row].slot, entry);
     }
     return 1;
 }

@@ -137,6 +137,9 @@ TEST(DispatchStubs, SelectionWhileOtherThreadsCallThrough) {
                     if (mirrored[y * step + x] != original[y * step + x]) ++failures;
                 }
             if (ImgMirror8uC3I(image.data(), step, width, height, MirrorBothAxes) != 0) ++failures;
+            // A plain name outside the table runs whatever tier is current.
+            if (ImgMirror8uC1I(image.data(), step, step, height, MirrorHorizontalAxis) != 0) ++failures;
+            if (ImgMirror8uC1I(image.data(), step, step, height, MirrorHorizontalAxis) != 0) ++failures;
             if (std::string(SigGetStatusString(-14)) != "Step value is less or equal zero") ++failures;
             const std::string name = SigGetLibVersion()->name;
             if (name.rfind("prims", 0) != 0) ++failures;
