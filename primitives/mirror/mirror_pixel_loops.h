@@ -21,7 +21,7 @@ template <int P, int Moved>
 inline void Exchange(uint8_t* a, uint8_t* b) {
     uint8_t held[Moved];
     std::memcpy(held, a, Moved);
-    std::memcpy(a, b, Moved);
+    std::memmove(a, b, Moved);  // lines closer than a line apart overlap
     std::memcpy(b, held, Moved);
 }
 

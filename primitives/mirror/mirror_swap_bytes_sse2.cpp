@@ -16,7 +16,7 @@ template <int N>
 inline void ExchangeScalar(uint8_t* a, uint8_t* b) {
     uint8_t held[N];
     std::memcpy(held, a, N);
-    std::memcpy(a, b, N);
+    std::memmove(a, b, N);  // lines closer than a line apart overlap
     std::memcpy(b, held, N);
 }
 
