@@ -4,7 +4,9 @@
 #ifndef PIXMOOR_TESTS_COLOUR_TEST_UTIL_H
 #define PIXMOOR_TESTS_COLOUR_TEST_UTIL_H
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -69,6 +71,18 @@ inline std::vector<uint8_t> PixelBytes(uint32_t dest, const Pixel& p, bool yuvRo
     return word((r / 8) * 1024 + (g / 8) * 32 + b / 8);
 }
 
+// True when the bytes at `at` are the pixel as `dest` stores it (no allocation,
+// for the exhaustive sweeps).
+inline bool StoredAs(uint32_t dest, const uint8_t* at, const Pixel& p, bool yuvRoad) {
+    const unsigned b = unsigned(p.first), g = unsigned(p.second), r = unsigned(p.third);
+    if (dest == FCC_RG24) return at[0] == b && at[1] == g && at[2] == r;
+    if (dest == FCC_RG32) return at[0] == b && at[1] == g && at[2] == r && at[3] == 0;
+    const unsigned word = at[0] + 256u * at[1];
+    if (dest == FCC_RG56) return word == (r / 8) * 2048 + (g / 4) * 32 + b / 8;
+    if (yuvRoad) return word == (r / 8) * 2048 + (g / 8) * 64 + (b / 8) * 2;
+    return word == (r / 8) * 1024 + (g / 8) * 32 + b / 8;
+}
+
 inline int BytesPerPixel(uint32_t dest) { return dest == FCC_RG24 ? 3 : dest == FCC_RG32 ? 4 : 2; }
 
 // Offsets of Y left, U, Y right, V in a packed pair.
@@ -101,6 +115,40 @@ inline std::vector<uint8_t> ModelRepackRows(uint32_t dest, const uint8_t* frame,
         out.insert(out.end(), bytes.begin(), bytes.end());
     }
     return out;
+}
+
+// Where the rows of a routine that writes row after row land: row r (in
+// source order) starts at `rowStart[r]` bytes from the destination pointer,
+// which may be negative.  Builds the expected contents of a buffer that
+// covers every row, with `dstOffset` the destination pointer's place in it.
+struct PlacedRows {
+    std::vector<uint8_t> expected;
+    std::ptrdiff_t dstOffset = 0;
+};
+
+inline PlacedRows PlaceExpectedRows(const std::vector<uint8_t>& tightRows, int rows, int lineSize,
+                                    const std::vector<int64_t>& rowStart, uint8_t fill) {
+    int64_t lo = 0, hi = 0;
+    for (int r = 0; r < rows; ++r) {
+        lo = std::min(lo, rowStart[r]);
+        hi = std::max(hi, rowStart[r] + lineSize);
+    }
+    PlacedRows placed;
+    placed.dstOffset = static_cast<std::ptrdiff_t>(-lo);
+    placed.expected.assign(static_cast<size_t>(hi - lo), fill);
+    for (int r = 0; r < rows; ++r)  // in writing order, so overlaps end as the routine leaves them
+        std::copy(tightRows.begin() + int64_t(r) * lineSize, tightRows.begin() + int64_t(r + 1) * lineSize,
+                  placed.expected.begin() + (rowStart[r] - lo));
+    return placed;
+}
+
+// Row starts of the roads with a default pitch: P is the pitch as a signed
+// 32-bit number, or the line size for 0; flipped, row r lands at row H-1-r.
+inline std::vector<int64_t> DefaultPitchRowStarts(uint32_t destPitch, int lineSize, int rows, bool flip) {
+    const int64_t p = destPitch == 0 ? lineSize : int64_t(int32_t(destPitch));
+    std::vector<int64_t> starts;
+    for (int r = 0; r < rows; ++r) starts.push_back((flip ? rows - 1 - r : r) * p);
+    return starts;
 }
 
 }  // namespace colour_test
