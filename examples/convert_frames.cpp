@@ -115,15 +115,17 @@ Bytes RepackI420AsYUY2(const Bytes& i420) {
     return out;
 }
 
-// Runs one transform over a whole frame at the default pitch.
-Bytes Convert(uint32_t src, uint32_t dest, const Bytes& frame, Orient srcOrient, Orient destOrient) {
+// Runs one transform over a whole frame; a pitch of 0 asks for the default
+// where the road has one.
+Bytes Convert(uint32_t src, uint32_t dest, const Bytes& frame, Orient srcOrient, Orient destOrient,
+              uint32_t destPitch = 0) {
     std::unique_ptr<CColorXForm> xform(CColorXForm::CreateInstance(src, dest));
     if (!xform || !xform->Init(AbsSIZE(kWidth, kHeight), srcOrient, destOrient)) {
         std::fprintf(stderr, "no road from %s to %s\n", CodeName(src).c_str(), CodeName(dest).c_str());
         return {};
     }
     Bytes out(xform->DestBufferSize());
-    xform->XForm(frame.data(), out.data(), 0);
+    xform->XForm(frame.data(), out.data(), destPitch);
     return out;
 }
 
@@ -223,7 +225,10 @@ int main(int argc, char** argv) {
     save("rg24-to-rg32.png", Convert(FCC_RG24, FCC_RG32, rg24, kDefault, kDefault), kBgr32, true, "RG24 -> RG32");
     save("rg24-to-rg55.png", Convert(FCC_RG24, FCC_RG55, rg24, kDefault, kDefault), kRgb555, true, "RG24 -> RG55");
     save("rg24-to-rg56.png", Convert(FCC_RG24, FCC_RG56, rg24, kDefault, kDefault), kRgb565, true, "RG24 -> RG56");
-    save("rg24-flipped.png", Convert(FCC_RG24, FCC_RG24, rg24, kBottomUp, kTopDown), kBgr24, false,
+    // A copy that turns the picture over needs its pitch spelled out: 0 would
+    // lay every row on the first one.
+    const uint32_t rg24Pitch = static_cast<uint32_t>(RGBLineSize(kWidth, 24));
+    save("rg24-flipped.png", Convert(FCC_RG24, FCC_RG24, rg24, kBottomUp, kTopDown, rg24Pitch), kBgr24, false,
          "RG24 -> RG24, turned top-down");
 
     // Into "I420", shown through the packed road once more.
