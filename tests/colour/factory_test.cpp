@@ -84,7 +84,8 @@ TEST(ColourFactory, EverySpellingPairMatchesTheTable) {
             }
             ASSERT_NE(x, nullptr) << std::hex << srcCode << " -> " << destCode;
             ++made;
-            EXPECT_EQ(std::type_index(typeid(*x)), it->second);
+            const CColorXForm& madeObject = *x;
+            EXPECT_EQ(std::type_index(typeid(madeObject)), it->second);
             EXPECT_EQ(Fields(x).srcFCC, src);
             EXPECT_EQ(Fields(x).destFCC, dest);
             EXPECT_FALSE(Fields(x).initialised);
