@@ -16,9 +16,9 @@
 // Init, the source must hold a whole picture in the source format's layout
 // and the destination must have room for the picture at the pitch passed
 // (DestBufferSize bytes for the default pitch; some pairs write past it, see
-// below).  Sizes must be multiples of 4; a zero size passes Init but some
-// routines still write one pixel a row for it, so do not push frames through
-// a transform of zero size.
+// below).  Sizes must be multiples of 4.  A zero size passes Init, but the
+// RG24 repacking pairs and the planar pairs to RG32, RG55 and RG56 still
+// write a pixel for it: do not push frames through a transform of zero size.
 //
 // What each destination pitch means (0 asks for the default where one exists):
 //   YUY2/UYVY -> RG24/RG32/RG55/RG56, RG24 -> RG32/RG55/RG56: 0 is the tight

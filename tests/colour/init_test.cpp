@@ -1,5 +1,7 @@
 // The three stages of Init: fields of every leaf and destination class, the
 // size test, orientations, and the owned buffers.
+#include <tuple>
+
 #include "allocation_probe.h"
 #include "colour/packed_to_rgb.h"
 #include "colour/planar_to_rgb.h"
@@ -265,4 +267,22 @@ TEST(ColourInitBuffers, OtherRoadsAllocateNothing) {
         ASSERT_TRUE(x->Init(AbsSIZE(8, 4), kDefault, kDefault));
         EXPECT_EQ(probe.counts().allocations, owns ? 1 : 0) << std::hex << r.src << " " << r.dest;
     }
+}
+
+TEST(ColourInitBuffers, IsSupportedMakesAndReleasesTheRealBuffers) {
+    ProbeScope probe;
+    EXPECT_TRUE(CColorXForm::IsSupported(FCC_I420, FCC_RG32, AbsSIZE(8, 4), kDefault, kDefault));
+    EXPECT_EQ(probe.counts().allocations, 1);
+    EXPECT_EQ(probe.counts().releases, 1);
+}
+
+TEST(ColourXForm, ChangesNoField) {
+    XFormPtr x = Ready(FCC_YUY2, FCC_RG24, 8, 4);
+    const auto& f = As<CColorXFormToRG24>(x);
+    const auto before = std::make_tuple(f.initialised, f.srcFCC, f.destFCC, f.size.cx, f.size.cy, f.destBufferSize,
+                                        f.xformRoutine, f.srcOrientation, f.destOrientation, f.destLineSize);
+    std::vector<uint8_t> frame(64, 100), out(x->DestBufferSize());
+    x->XForm(frame.data(), out.data(), 0);
+    EXPECT_EQ(before, std::make_tuple(f.initialised, f.srcFCC, f.destFCC, f.size.cx, f.size.cy, f.destBufferSize,
+                                      f.xformRoutine, f.srcOrientation, f.destOrientation, f.destLineSize));
 }
