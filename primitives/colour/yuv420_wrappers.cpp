@@ -28,85 +28,100 @@ struct CompactYuv420Steps {
         : steps{CompactPlaneStep(width), CompactChromaStep(width), CompactChromaStep(width)} {}
 };
 
+// Runs the driver only when the checks passed; a failed call writes nothing.
+template <class Drive>
+PrimStatus Checked(PrimStatus status, Drive drive) {
+    if (status == PrimStatusOk) drive();
+    return status;
+}
+
+// The drivers of the four members, with the steps already known.
+
+void DriveRgb(const Yuv420Rows& rows, const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+              const int32_t dstStep[3], int32_t width, int32_t height) {
+    DriveToYuv420(PackedRgbIn{src, srcStep}, OutPlanes(dst, dstStep), width, height,
+                  rows.rgbToYuv420, rows.finish);
+}
+
+void DriveRgbPlanes(const Yuv420Rows& rows, const uint8_t* const src[3], int32_t srcStep,
+                    uint8_t* const dst[3], const int32_t dstStep[3], int32_t width, int32_t height) {
+    DriveToYuv420(RgbPlanesIn{src[0], src[1], src[2], srcStep}, OutPlanes(dst, dstStep), width,
+                  height, rows.rgbPlanesToYuv420, rows.finish);
+}
+
+void DriveToRgb(const Yuv420Rows& rows, const uint8_t* const src[3], const int32_t srcStep[3],
+                uint8_t* dst, int32_t dstStep, int32_t width, int32_t height) {
+    DriveFromYuv420(InPlanes(src, srcStep), PackedRgbOut{dst, dstStep}, width, height,
+                    rows.yuv420ToRgb, rows.finish);
+}
+
+void DriveToRgbPlanes(const Yuv420Rows& rows, const uint8_t* const src[3], const int32_t srcStep[3],
+                      uint8_t* const dst[3], int32_t dstStep, int32_t width, int32_t height) {
+    DriveFromYuv420(InPlanes(src, srcStep), RgbPlanesOut{dst[0], dst[1], dst[2], dstStep}, width,
+                    height, rows.yuv420ToRgbPlanes, rows.finish);
+}
+
+// The wrappers: the step form checks and drives; the compact form checks
+// and drives with derived steps.
+
 PrimStatus RgbToYuv420Step(const Yuv420Rows& rows, const uint8_t* src, int32_t srcStep,
                            uint8_t* const dst[3], const int32_t dstStep[3], int32_t width,
                            int32_t height) {
-    const PrimStatus s = CheckPackedToPlanes(src, srcStep, dst, dstStep, width, height);
-    if (s != PrimStatusOk) return s;
-    DriveToYuv420(PackedRgbIn{src, srcStep}, OutPlanes(dst, dstStep), width, height,
-                  rows.rgbToYuv420, rows.finish);
-    return PrimStatusOk;
+    return Checked(CheckPackedToPlanes(src, srcStep, dst, dstStep, width, height),
+                   [&] { DriveRgb(rows, src, srcStep, dst, dstStep, width, height); });
 }
 
 PrimStatus RgbToYuv420(const Yuv420Rows& rows, const uint8_t* src, uint8_t* const dst[3],
                        int32_t width, int32_t height) {
-    const PrimStatus s = CheckPackedToPlanesCompact(src, dst, width, height);
-    if (s != PrimStatusOk) return s;
-    const CompactYuv420Steps d(width);
-    DriveToYuv420(PackedRgbIn{src, CompactPackedStep(width, 3)}, OutPlanes(dst, d.steps), width,
-                  height, rows.rgbToYuv420, rows.finish);
-    return PrimStatusOk;
+    return Checked(CheckPackedToPlanesCompact(src, dst, width, height), [&] {
+        DriveRgb(rows, src, CompactPackedStep(width, 3), dst, CompactYuv420Steps(width).steps, width,
+                 height);
+    });
 }
 
 PrimStatus RgbPlanesToYuv420Step(const Yuv420Rows& rows, const uint8_t* const src[3],
                                  int32_t srcStep, uint8_t* const dst[3], const int32_t dstStep[3],
                                  int32_t width, int32_t height) {
-    const PrimStatus s = CheckPlanesToPlanes(src, srcStep, dst, dstStep, width, height);
-    if (s != PrimStatusOk) return s;
-    DriveToYuv420(RgbPlanesIn{src[0], src[1], src[2], srcStep}, OutPlanes(dst, dstStep), width,
-                  height, rows.rgbPlanesToYuv420, rows.finish);
-    return PrimStatusOk;
+    return Checked(CheckPlanesToPlanes(src, srcStep, dst, dstStep, width, height),
+                   [&] { DriveRgbPlanes(rows, src, srcStep, dst, dstStep, width, height); });
 }
 
 PrimStatus RgbPlanesToYuv420(const Yuv420Rows& rows, const uint8_t* const src[3],
                              uint8_t* const dst[3], int32_t width, int32_t height) {
-    const PrimStatus s = CheckPlanesToPlanesCompact(src, dst, width, height);
-    if (s != PrimStatusOk) return s;
-    const CompactYuv420Steps d(width);
-    DriveToYuv420(RgbPlanesIn{src[0], src[1], src[2], CompactPlaneStep(width)},
-                  OutPlanes(dst, d.steps), width, height, rows.rgbPlanesToYuv420, rows.finish);
-    return PrimStatusOk;
+    return Checked(CheckPlanesToPlanesCompact(src, dst, width, height), [&] {
+        DriveRgbPlanes(rows, src, CompactPlaneStep(width), dst, CompactYuv420Steps(width).steps,
+                       width, height);
+    });
 }
 
 PrimStatus Yuv420ToRgbStep(const Yuv420Rows& rows, const uint8_t* const src[3],
                            const int32_t srcStep[3], uint8_t* dst, int32_t dstStep, int32_t width,
                            int32_t height) {
-    const PrimStatus s = CheckPlanesToPacked(src, srcStep, dst, dstStep, width, height);
-    if (s != PrimStatusOk) return s;
-    DriveFromYuv420(InPlanes(src, srcStep), PackedRgbOut{dst, dstStep}, width, height,
-                    rows.yuv420ToRgb, rows.finish);
-    return PrimStatusOk;
+    return Checked(CheckPlanesToPacked(src, srcStep, dst, dstStep, width, height),
+                   [&] { DriveToRgb(rows, src, srcStep, dst, dstStep, width, height); });
 }
 
 PrimStatus Yuv420ToRgb(const Yuv420Rows& rows, const uint8_t* const src[3], uint8_t* dst,
                        int32_t width, int32_t height) {
-    const PrimStatus s = CheckPlanesToPackedCompact(src, dst, width, height);
-    if (s != PrimStatusOk) return s;
-    const CompactYuv420Steps d(width);
-    DriveFromYuv420(InPlanes(src, d.steps), PackedRgbOut{dst, CompactPackedStep(width, 3)}, width,
-                    height, rows.yuv420ToRgb, rows.finish);
-    return PrimStatusOk;
+    return Checked(CheckPlanesToPackedCompact(src, dst, width, height), [&] {
+        DriveToRgb(rows, src, CompactYuv420Steps(width).steps, dst, CompactPackedStep(width, 3), width,
+                   height);
+    });
 }
 
 PrimStatus Yuv420ToRgbPlanesStep(const Yuv420Rows& rows, const uint8_t* const src[3],
                                  const int32_t srcStep[3], uint8_t* const dst[3], int32_t dstStep,
                                  int32_t width, int32_t height) {
-    const PrimStatus s = CheckPlanesToPlanes(src, srcStep, dst, dstStep, width, height);
-    if (s != PrimStatusOk) return s;
-    DriveFromYuv420(InPlanes(src, srcStep), RgbPlanesOut{dst[0], dst[1], dst[2], dstStep}, width,
-                    height, rows.yuv420ToRgbPlanes, rows.finish);
-    return PrimStatusOk;
+    return Checked(CheckPlanesToPlanes(src, srcStep, dst, dstStep, width, height),
+                   [&] { DriveToRgbPlanes(rows, src, srcStep, dst, dstStep, width, height); });
 }
 
 PrimStatus Yuv420ToRgbPlanes(const Yuv420Rows& rows, const uint8_t* const src[3],
                              uint8_t* const dst[3], int32_t width, int32_t height) {
-    const PrimStatus s = CheckPlanesToPlanesCompact(src, dst, width, height);
-    if (s != PrimStatusOk) return s;
-    const CompactYuv420Steps d(width);
-    DriveFromYuv420(InPlanes(src, d.steps),
-                    RgbPlanesOut{dst[0], dst[1], dst[2], CompactPlaneStep(width)}, width, height,
-                    rows.yuv420ToRgbPlanes, rows.finish);
-    return PrimStatusOk;
+    return Checked(CheckPlanesToPlanesCompact(src, dst, width, height), [&] {
+        DriveToRgbPlanes(rows, src, CompactYuv420Steps(width).steps, dst, CompactPlaneStep(width),
+                         width, height);
+    });
 }
 
 }  // namespace

@@ -31,32 +31,20 @@ void ExpectForwardMatchesModel(int tier, bool planes, bool compact, const RgbFra
         }
 }
 
-// Widths 1 to 70 cover the main-loop bounds of every tier (4 and 8 pairs a
-// step) several times over, with odd widths and every tail length.
 TEST(RgbToYuv420, EveryTierMatchesTheModelOnManySizes) {
-    uint32_t seed = 1;
-    for (int tier : yuv420_model::kTiers)
-        for (bool planes : {false, true})
-            for (bool compact : {true, false})
-                for (int h : {1, 2, 3, 4, 5, 7})
-                    for (int w = 1; w <= 70; ++w) {
-                        SCOPED_TRACE(testing::Message() << TierName(tier) << " " << SourceName(planes)
-                                                        << (compact ? " compact " : " step ") << w << "x" << h);
-                        ExpectForwardMatchesModel(tier, planes, compact, RandomRgb(w, h, seed++), 5);
-                        if (HasFatalFailure()) return;
-                    }
+    ForEachSmallCase([&](const Case& c) {
+        SCOPED_TRACE(Describe(c));
+        ExpectForwardMatchesModel(c.tier, c.planes, c.compact, RandomRgb(c.width, c.height, c.seed), c.pad);
+        return !HasFatalFailure();
+    });
 }
 
 TEST(RgbToYuv420, EveryTierMatchesTheModelOnLargerFrames) {
-    const int sizes[][2] = {{641, 9}, {1024, 4}, {333, 17}, {128, 33}, {352, 288}};
-    uint32_t seed = 1000;
-    for (int tier : yuv420_model::kTiers)
-        for (bool planes : {false, true})
-            for (const auto& s : sizes) {
-                SCOPED_TRACE(testing::Message() << TierName(tier) << " " << SourceName(planes) << " "
-                                                << s[0] << "x" << s[1]);
-                ExpectForwardMatchesModel(tier, planes, false, RandomRgb(s[0], s[1], seed++), 13);
-            }
+    ForEachLargeCase([&](const Case& c) {
+        SCOPED_TRACE(Describe(c));
+        ExpectForwardMatchesModel(c.tier, c.planes, c.compact, RandomRgb(c.width, c.height, c.seed), c.pad);
+        return true;
+    });
 }
 
 // Blocks of one colour, all tiers.  The narrow kernels of the planes

@@ -256,6 +256,45 @@ inline RgbFrame Uniform(int w, int h, yuv420_model::Pixel p) {
     return f;
 }
 
+// One run of a member against the model.
+struct Case {
+    int tier;
+    bool planes;   // the RGB side is planes rather than packed
+    bool compact;  // the compact form rather than the step form
+    int width, height, pad;
+    uint32_t seed;
+};
+
+inline std::string Describe(const Case& c) {
+    return std::string(yuv420_model::TierName(c.tier)) + (c.planes ? " planes" : " packed") +
+           (c.compact ? " compact " : " step ") + std::to_string(c.width) + "x" + std::to_string(c.height);
+}
+
+// Widths 1 to 70 pass every tier's main-loop bounds (4, 8 and 16 pairs)
+// several times over, with odd widths and every tail length; heights cover
+// one line, odd and even counts of line pairs.
+template <class Run>
+void ForEachSmallCase(Run run) {
+    uint32_t seed = 1;
+    for (int tier : yuv420_model::kTiers)
+        for (bool planes : {false, true})
+            for (bool compact : {true, false})
+                for (int h : {1, 2, 3, 4, 5, 7})
+                    for (int w = 1; w <= 70; ++w)
+                        if (!run(Case{tier, planes, compact, w, h, 5, seed++})) return;
+}
+
+// Larger frames, step forms with padding.
+template <class Run>
+void ForEachLargeCase(Run run) {
+    const int sizes[][2] = {{641, 9}, {1024, 4}, {333, 17}, {128, 33}, {352, 288}};
+    uint32_t seed = 1000;
+    for (int tier : yuv420_model::kTiers)
+        for (bool planes : {false, true})
+            for (const auto& s : sizes)
+                if (!run(Case{tier, planes, false, s[0], s[1], 13, seed++})) return;
+}
+
 inline bool Same(const YuvFrame& a, const YuvFrame& b) { return a.y == b.y && a.u == b.u && a.v == b.v; }
 inline bool Same(const RgbFrame& a, const RgbFrame& b) { return a.r == b.r && a.g == b.g && a.b == b.b; }
 

@@ -28,32 +28,20 @@ void ExpectInverseMatchesModel(int tier, bool planes, bool compact, const YuvFra
         }
 }
 
-// Widths 1 to 70 pass the a6 bound (4 pairs) and the w7 bound (16 pairs)
-// several times, with odd widths and every tail length.
 TEST(Yuv420ToRgb, EveryTierMatchesTheModelOnManySizes) {
-    uint32_t seed = 1;
-    for (int tier : yuv420_model::kTiers)
-        for (bool planes : {false, true})
-            for (bool compact : {true, false})
-                for (int h : {1, 2, 3, 4, 5, 7})
-                    for (int w = 1; w <= 70; ++w) {
-                        SCOPED_TRACE(testing::Message() << TierName(tier) << " " << DestName(planes)
-                                                        << (compact ? " compact " : " step ") << w << "x" << h);
-                        ExpectInverseMatchesModel(tier, planes, compact, RandomYuv(w, h, seed++), 5);
-                        if (HasFatalFailure()) return;
-                    }
+    ForEachSmallCase([&](const Case& c) {
+        SCOPED_TRACE(Describe(c));
+        ExpectInverseMatchesModel(c.tier, c.planes, c.compact, RandomYuv(c.width, c.height, c.seed), c.pad);
+        return !HasFatalFailure();
+    });
 }
 
 TEST(Yuv420ToRgb, EveryTierMatchesTheModelOnLargerFrames) {
-    const int sizes[][2] = {{641, 9}, {1024, 4}, {333, 17}, {128, 33}, {352, 288}};
-    uint32_t seed = 1000;
-    for (int tier : yuv420_model::kTiers)
-        for (bool planes : {false, true})
-            for (const auto& s : sizes) {
-                SCOPED_TRACE(testing::Message() << TierName(tier) << " " << DestName(planes) << " "
-                                                << s[0] << "x" << s[1]);
-                ExpectInverseMatchesModel(tier, planes, false, RandomYuv(s[0], s[1], seed++), 11);
-            }
+    ForEachLargeCase([&](const Case& c) {
+        SCOPED_TRACE(Describe(c));
+        ExpectInverseMatchesModel(c.tier, c.planes, c.compact, RandomYuv(c.width, c.height, c.seed), c.pad);
+        return true;
+    });
 }
 
 YuvFrame UniformYuv(int w, int h, int y, int u, int v) {
