@@ -60,7 +60,7 @@ const int16_t kChromaFactors[8] = {
 
 template <class In, class Luma, class NarrowLuma>
 void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
-                 const Yuv420Lines<uint8_t>& out, int32_t pairs) {
+                    const Yuv420Lines<uint8_t>& out, int32_t pairs) {
     const __m128i factors = _mm_loadu_si128(reinterpret_cast<const __m128i*>(kChromaFactors));
     const int32_t mainPairs = pairs & ~3;
     int32_t j = 0;
@@ -81,21 +81,32 @@ void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
     narrow::ToYuv420Pairs<In, NarrowLuma>(top, bottom, out, j, pairs);
 }
 
-// The a6 inverse factors, normal positions and the odd row.
+// The a6 inverse factors of the tail, and of the planes member (the w7
+// factors) everywhere.
 constexpr narrow::InverseFactors kInverse = {9339, 0, -3228, -4760, 16646};
-constexpr narrow::InverseFactors kInverseOddRow = {9339, 4, -3232, -4760, 16646};
-// The planes inverse uses the w7 factors.
 constexpr narrow::InverseFactors kInversePlanes = {9338, 0, -3227, -4759, 16645};
 
-// Per-pixel factor lanes of a main-loop step (pixels 0 to 7): the odd row
-// stands at pixels 3 and 7.
-InverseLanes PixelLanes(const narrow::InverseFactors& normal, const narrow::InverseFactors& odd) {
-    auto lanes = [](int32_t n, int32_t o) {
-        const int16_t a = static_cast<int16_t>(n), b = static_cast<int16_t>(o);
-        return _mm_setr_epi16(a, a, a, b, a, a, a, b);
-    };
-    return InverseLanes{lanes(normal.rv, odd.rv), lanes(normal.ru, odd.ru), lanes(normal.gu, odd.gu),
-                        lanes(normal.gv, odd.gv), lanes(normal.bu, odd.bu)};
+// Factor lanes of a main-loop step, one lane per pixel 0 to 7 of a line,
+// rows in the order R from v', R from u', G from u', G from v', B from u'.
+// In the packed table the odd row stands at pixels 3 and 7.
+alignas(16) const int16_t kPackedLanes[5][8] = {
+    {9339, 9339, 9339, 9339, 9339, 9339, 9339, 9339},
+    {0, 0, 0, 4, 0, 0, 0, 4},
+    {-3228, -3228, -3228, -3232, -3228, -3228, -3228, -3232},
+    {-4760, -4760, -4760, -4760, -4760, -4760, -4760, -4760},
+    {16646, 16646, 16646, 16646, 16646, 16646, 16646, 16646},
+};
+alignas(16) const int16_t kPlanesLanes[5][8] = {
+    {9338, 9338, 9338, 9338, 9338, 9338, 9338, 9338},
+    {0, 0, 0, 0, 0, 0, 0, 0},
+    {-3227, -3227, -3227, -3227, -3227, -3227, -3227, -3227},
+    {-4759, -4759, -4759, -4759, -4759, -4759, -4759, -4759},
+    {16645, 16645, 16645, 16645, 16645, 16645, 16645, 16645},
+};
+
+InverseLanes LoadLanes(const int16_t (&t)[5][8]) {
+    auto row = [&](int i) { return _mm_load_si128(reinterpret_cast<const __m128i*>(t[i])); };
+    return InverseLanes{row(0), row(1), row(2), row(3), row(4)};
 }
 
 void StorePixels(PackedRgbOut::Line line, int32_t x, RgbBytes c) {
@@ -113,18 +124,18 @@ void StorePixels(const RgbPlanesOut::Line& line, int32_t x, const RgbBytes& c) {
 }
 
 struct PackedFactors {
-    static constexpr const narrow::InverseFactors& kNormal = kInverse;
-    static constexpr const narrow::InverseFactors& kOdd = kInverseOddRow;
+    static constexpr const int16_t (&kLanes)[5][8] = kPackedLanes;
+    static constexpr const narrow::InverseFactors& kTail = kInverse;
 };
 struct PlanesFactors {
-    static constexpr const narrow::InverseFactors& kNormal = kInversePlanes;
-    static constexpr const narrow::InverseFactors& kOdd = kInversePlanes;
+    static constexpr const int16_t (&kLanes)[5][8] = kPlanesLanes;
+    static constexpr const narrow::InverseFactors& kTail = kInversePlanes;
 };
 
 template <class Out, class Factors>
 void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
-                   typename Out::Line bottom, int32_t pairs) {
-    const InverseLanes factors = PixelLanes(Factors::kNormal, Factors::kOdd);
+                      typename Out::Line bottom, int32_t pairs) {
+    const InverseLanes factors = LoadLanes(Factors::kLanes);
     const __m128i z = _mm_setzero_si128();
     const int32_t mainPairs = pairs & ~3;
     int32_t j = 0;
@@ -145,7 +156,7 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
         const __m128i y1 = _mm_unpacklo_epi8(Load8(in.y1 + x), z);
         StorePixels(bottom, x, ToRgbBytes(y1, y1, t, t));
     }
-    narrow::FromYuv420Pairs<Out>(in, top, bottom, j, pairs, Factors::kNormal);
+    narrow::FromYuv420Pairs<Out>(in, top, bottom, j, pairs, Factors::kTail);
 }
 
 }  // namespace

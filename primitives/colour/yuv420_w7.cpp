@@ -40,7 +40,7 @@ const int16_t kChromaFactorV = narrow::kFactorV;
 
 template <class In, class Luma, class NarrowLuma>
 void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
-                 const Yuv420Lines<uint8_t>& out, int32_t pairs) {
+                    const Yuv420Lines<uint8_t>& out, int32_t pairs) {
     const int32_t mainPairs = pairs & ~7;
     int32_t j = 0;
     for (; j < mainPairs; j += 8) {
@@ -95,7 +95,7 @@ void StorePixels(const RgbPlanesOut::Line& line, int32_t x, const RgbBytes& c) {
 
 template <class Out>
 void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
-                   typename Out::Line bottom, int32_t pairs) {
+                      typename Out::Line bottom, int32_t pairs) {
     const InverseLanes factors = Uniform(kInverse);
     const __m128i z = _mm_setzero_si128();
     const int32_t mainPairs = pairs & ~15;

@@ -14,7 +14,7 @@ namespace pixmoor::colour::wide {
 
 template <const ClampTable& Clamp, class In>
 void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
-                 const Yuv420Lines<uint8_t>& out, int32_t pairs) {
+                    const Yuv420Lines<uint8_t>& out, int32_t pairs) {
     for (int32_t j = 0; j < pairs; ++j) {
         const Rgb p0 = In::Pixel(top, 2 * j);
         const Rgb p1 = In::Pixel(top, 2 * j + 1);
@@ -33,7 +33,7 @@ void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
 
 template <const ClampTable& Clamp, class Out>
 void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
-                   typename Out::Line bottom, int32_t pairs) {
+                      typename Out::Line bottom, int32_t pairs) {
     for (int32_t j = 0; j < pairs; ++j) {
         const ChromaTerms t = Terms(in.u[j], in.v[j]);
         Out::Store(top, 2 * j, ToRgb(Clamp, in.y0[2 * j], t));
