@@ -207,4 +207,51 @@ TEST(RgbToYuv420, TierPairsAgreeAndDifferByAtMostOne) {
             }
 }
 
+
+// 3 by 3: the row kernel makes the top-left block, the last column path
+// column 2 of lines 0 and 1, the last line path pixels 0 and 1 of line 2,
+// and the corner path pixel (2, 2).
+TEST(RgbToYuv420, ThreeByThreeRegions) {
+    const RgbFrame in = RandomRgb(3, 3, 33);
+    for (int tier : yuv420_model::kTiers) {
+        SCOPED_TRACE(TierName(tier));
+        const YuvFrame out = RunForward(tier, false, true, in).frame;
+        // Top-left block: the tier's own arithmetic.
+        RgbFrame topLeft = RgbFrame::Make(2, 2);
+        for (int y = 0; y < 2; ++y)
+            for (int x = 0; x < 2; ++x) topLeft.Set(x, y, in.At(x, y));
+        const YuvFrame kernel = yuv420_model::Forward(topLeft, static_cast<Tier>(tier), false);
+        EXPECT_EQ(out.U(0, 0), kernel.U(0, 0));
+        EXPECT_EQ(out.V(0, 0), kernel.V(0, 0));
+        EXPECT_EQ(out.Y(1, 1), kernel.Y(1, 1));
+        // Last column: the vertical pair, wide, no bias.
+        const auto column = yuv420_model::WideChroma({in.At(2, 0), in.At(2, 1)}, 0);
+        EXPECT_EQ(out.U(1, 0), column.u);
+        EXPECT_EQ(out.V(1, 0), column.v);
+        EXPECT_EQ(out.Y(2, 1), yuv420_model::WideY(in.At(2, 1)));
+        // Last line: the horizontal pair.
+        const auto line = yuv420_model::WideChroma({in.At(0, 2), in.At(1, 2)}, 0);
+        EXPECT_EQ(out.U(0, 1), line.u);
+        EXPECT_EQ(out.V(0, 1), line.v);
+        // Corner: the pixel alone.
+        const auto corner = yuv420_model::WideChroma({in.At(2, 2)}, 0);
+        EXPECT_EQ(out.U(1, 1), corner.u);
+        EXPECT_EQ(out.V(1, 1), corner.v);
+        EXPECT_EQ(out.Y(2, 2), yuv420_model::WideY(in.At(2, 2)));
+    }
+}
+
+// A step form given the steps its compact form derives writes the same
+// bytes as the compact form.
+TEST(RgbToYuv420, StepFormWithDerivedStepsEqualsCompactForm) {
+    for (int tier : yuv420_model::kTiers)
+        for (bool planes : {false, true})
+            for (int w : {1, 5, 16, 37})
+                for (int h : {1, 4, 7}) {
+                    const RgbFrame in = RandomRgb(w, h, static_cast<uint32_t>(w * h + tier));
+                    EXPECT_TRUE(Same(RunForward(tier, planes, true, in).frame,
+                                     RunForward(tier, planes, false, in, 0).frame));
+                }
+}
+
 }  // namespace

@@ -174,4 +174,16 @@ TEST(Yuv420ToRgb, TierPairsAgree) {
         }
 }
 
+
+TEST(Yuv420ToRgb, StepFormWithDerivedStepsEqualsCompactForm) {
+    for (int tier : yuv420_model::kTiers)
+        for (bool planes : {false, true})
+            for (int w : {1, 5, 16, 37})
+                for (int h : {1, 4, 7}) {
+                    const YuvFrame in = RandomYuv(w, h, static_cast<uint32_t>(w * h + tier));
+                    EXPECT_TRUE(Same(RunInverse(tier, planes, true, in).frame,
+                                     RunInverse(tier, planes, false, in, 0).frame));
+                }
+}
+
 }  // namespace
