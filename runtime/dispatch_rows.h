@@ -21,9 +21,9 @@
     ABSENT(ImgMomentStateFree)     /*  8: image moments */ \
     ABSENT(ImgMoments32fC1)        /*  9: image moments */ \
     ABSENT(ImgGetSpatialMoment)    /* 10: image moments */ \
-    ABSENT(ImgRGBToYUV420)         /* 11: colour primitives */ \
-    ABSENT(ImgYUV420ToRGB)         /* 12: colour primitives */ \
-    ABSENT(ImgYUV420ToRGB_Step)    /* 13: colour primitives */ \
+    ROW(ImgRGBToYUV420)            /* 11: colour primitives */ \
+    ROW(ImgYUV420ToRGB)            /* 12: colour primitives */ \
+    ROW(ImgYUV420ToRGB_Step)       /* 13: colour primitives */ \
     ABSENT(ImgYUVAToRGBA)          /* 14: colour primitives */ \
     ABSENT(ImgYUV422ToRGB)         /* 15: colour primitives */ \
     ROW(ImgMirror8uC3I)            /* 16 */ \
