@@ -1,0 +1,70 @@
+// Two-lane double row sums: lane 0 takes the even and lane 1 the odd columns
+// of each group of four pixels, each lane with its own column coordinate.
+// The per-pixel products are those of the reference; only the order in which
+// the sums are added differs.
+#include <emmintrin.h>
+
+#include "primitives/moments/row_sums.h"
+
+namespace pixmoor::moments {
+namespace {
+
+// S0 += v; t = v x; S1 += t; t *= x; S2 += t; t *= x; S3 += t, in both lanes.
+inline void AddPixelPair(__m128d s[4], __m128d v, __m128d x) {
+    s[0] = _mm_add_pd(s[0], v);
+    __m128d t = _mm_mul_pd(v, x);
+    s[1] = _mm_add_pd(s[1], t);
+    t = _mm_mul_pd(t, x);
+    s[2] = _mm_add_pd(s[2], t);
+    t = _mm_mul_pd(t, x);
+    s[3] = _mm_add_pd(s[3], t);
+}
+
+template <typename T, int Stride>
+inline double Sample(const uint8_t* row, int32_t pixel, int channel) {
+    return static_cast<double>(LoadSample<T>(SampleAt<T, Stride>(row, pixel, channel)));
+}
+
+template <typename T, int Channels, int Stride>
+void TwoLaneRow(const uint8_t* row, int32_t width, double sums[3][4]) {
+    __m128d s[Channels][4];
+    for (auto& channel : s)
+        for (auto& lanes : channel) lanes = _mm_setzero_pd();
+    __m128d x = _mm_set_pd(1.0, 0.0);
+    const __m128d one = _mm_set1_pd(1.0);
+    const __m128d two = _mm_set1_pd(2.0);
+
+    // One pixel into lane 0; lane 1 adds zeros.
+    auto single = [&](int32_t i) {
+        for (int c = 0; c < Channels; ++c) AddPixelPair(s[c], _mm_set_pd(0.0, Sample<T, Stride>(row, i, c)), x);
+        x = _mm_add_pd(x, one);
+    };
+    auto pair = [&](int32_t i) {
+        for (int c = 0; c < Channels; ++c)
+            AddPixelPair(s[c], _mm_set_pd(Sample<T, Stride>(row, i + 1, c), Sample<T, Stride>(row, i, c)), x);
+        x = _mm_add_pd(x, two);
+    };
+
+    int32_t i = 0;
+    if constexpr (sizeof(T) == 4) {
+        // Float rows start on a 16-byte boundary for the vector loop.
+        while (i < width && (reinterpret_cast<uintptr_t>(SampleAt<T, Stride>(row, i, 0)) & 15) != 0) single(i++);
+    }
+    for (; width - i >= 4; i += 4) {
+        pair(i);
+        pair(i + 2);
+    }
+    for (; i < width; ++i) single(i);
+
+    for (int c = 0; c < Channels; ++c)
+        for (int k = 0; k < 4; ++k) {
+            const __m128d total = _mm_add_sd(s[c][k], _mm_unpackhi_pd(s[c][k], s[c][k]));
+            sums[c][k] = _mm_cvtsd_f64(total);
+        }
+}
+
+}  // namespace
+
+const RowSumsFn kTwoLaneRowSums[kMemberCount] = PIXMOOR_ROW_SUMS_TABLE(TwoLaneRow);
+
+}  // namespace pixmoor::moments
