@@ -37,6 +37,23 @@ inline float Sample(const uint8_t* row, int32_t pixel, int channel) {
     return static_cast<float>(LoadSample<T>(SampleAt<T, Stride>(row, pixel, channel)));
 }
 
+// Channel c of pixels i .. i+3, one in each lane.  One-channel rows convert
+// four samples at once; interleaved rows gather.
+template <typename T, int Channels, int Stride>
+inline __m128 LoadQuad(const uint8_t* row, int32_t i, int c) {
+    if constexpr (Channels == 1 && Stride == 1 && sizeof(T) == 1) {
+        int32_t packed;
+        std::memcpy(&packed, row + i, 4);
+        const __m128i zero = _mm_setzero_si128();
+        return _mm_cvtepi32_ps(_mm_unpacklo_epi16(_mm_unpacklo_epi8(_mm_cvtsi32_si128(packed), zero), zero));
+    } else if constexpr (Channels == 1 && Stride == 1) {
+        return _mm_loadu_ps(reinterpret_cast<const float*>(SampleAt<T, Stride>(row, i, 0)));
+    } else {
+        return _mm_set_ps(Sample<T, Stride>(row, i + 3, c), Sample<T, Stride>(row, i + 2, c),
+                          Sample<T, Stride>(row, i + 1, c), Sample<T, Stride>(row, i, c));
+    }
+}
+
 // The four lanes added in lane order, in single precision.
 inline float LaneTotal(__m128 lanes) {
     float l[4];
@@ -73,11 +90,7 @@ void FourLaneFloatRow(const uint8_t* row, int32_t width, double sums[3][4]) {
             const uintptr_t ahead = reinterpret_cast<uintptr_t>(SampleAt<T, Stride>(row, i, 0)) + 32;
             _mm_prefetch(reinterpret_cast<const char*>(ahead), _MM_HINT_NTA);
         }
-        for (int c = 0; c < Channels; ++c) {
-            const __m128 v = _mm_set_ps(Sample<T, Stride>(row, i + 3, c), Sample<T, Stride>(row, i + 2, c),
-                                        Sample<T, Stride>(row, i + 1, c), Sample<T, Stride>(row, i, c));
-            AddPixelQuad(s[c], v, x);
-        }
+        for (int c = 0; c < Channels; ++c) AddPixelQuad(s[c], LoadQuad<T, Channels, Stride>(row, i, c), x);
         x = _mm_add_ps(x, four);
     }
     for (; i < width; ++i) single(i);

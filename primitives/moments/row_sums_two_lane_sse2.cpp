@@ -25,6 +25,27 @@ inline double Sample(const uint8_t* row, int32_t pixel, int channel) {
     return static_cast<double>(LoadSample<T>(SampleAt<T, Stride>(row, pixel, channel)));
 }
 
+// Channel c of pixels i .. i+3 as two lane pairs (i, i+1) and (i+2, i+3).
+// One-channel rows convert four samples at once; interleaved rows gather.
+template <typename T, int Channels, int Stride>
+inline void LoadQuad(const uint8_t* row, int32_t i, int c, __m128d& low, __m128d& high) {
+    if constexpr (Channels == 1 && Stride == 1 && sizeof(T) == 1) {
+        int32_t packed;
+        std::memcpy(&packed, row + i, 4);
+        const __m128i zero = _mm_setzero_si128();
+        const __m128i words = _mm_unpacklo_epi16(_mm_unpacklo_epi8(_mm_cvtsi32_si128(packed), zero), zero);
+        low = _mm_cvtepi32_pd(words);
+        high = _mm_cvtepi32_pd(_mm_shuffle_epi32(words, _MM_SHUFFLE(1, 0, 3, 2)));
+    } else if constexpr (Channels == 1 && Stride == 1) {
+        const __m128 samples = _mm_loadu_ps(reinterpret_cast<const float*>(SampleAt<T, Stride>(row, i, 0)));
+        low = _mm_cvtps_pd(samples);
+        high = _mm_cvtps_pd(_mm_movehl_ps(samples, samples));
+    } else {
+        low = _mm_set_pd(Sample<T, Stride>(row, i + 1, c), Sample<T, Stride>(row, i, c));
+        high = _mm_set_pd(Sample<T, Stride>(row, i + 3, c), Sample<T, Stride>(row, i + 2, c));
+    }
+}
+
 template <typename T, int Channels, int Stride>
 void TwoLaneRow(const uint8_t* row, int32_t width, double sums[3][4]) {
     __m128d s[Channels][4];
@@ -39,10 +60,15 @@ void TwoLaneRow(const uint8_t* row, int32_t width, double sums[3][4]) {
         for (int c = 0; c < Channels; ++c) AddPixelPair(s[c], _mm_set_pd(0.0, Sample<T, Stride>(row, i, c)), x);
         x = _mm_add_pd(x, one);
     };
-    auto pair = [&](int32_t i) {
-        for (int c = 0; c < Channels; ++c)
-            AddPixelPair(s[c], _mm_set_pd(Sample<T, Stride>(row, i + 1, c), Sample<T, Stride>(row, i, c)), x);
-        x = _mm_add_pd(x, two);
+    auto quad = [&](int32_t i) {
+        const __m128d xHigh = _mm_add_pd(x, two);
+        for (int c = 0; c < Channels; ++c) {
+            __m128d low, high;
+            LoadQuad<T, Channels, Stride>(row, i, c, low, high);
+            AddPixelPair(s[c], low, x);
+            AddPixelPair(s[c], high, xHigh);
+        }
+        x = _mm_add_pd(xHigh, two);
     };
 
     int32_t i = 0;
@@ -50,10 +76,7 @@ void TwoLaneRow(const uint8_t* row, int32_t width, double sums[3][4]) {
         // Float rows start on a 16-byte boundary for the vector loop.
         while (i < width && (reinterpret_cast<uintptr_t>(SampleAt<T, Stride>(row, i, 0)) & 15) != 0) single(i++);
     }
-    for (; width - i >= 4; i += 4) {
-        pair(i);
-        pair(i + 2);
-    }
+    for (; width - i >= 4; i += 4) quad(i);
     for (; i < width; ++i) single(i);
 
     for (int c = 0; c < Channels; ++c)
