@@ -65,6 +65,32 @@ inline const uint8_t* SampleAt(const uint8_t* row, int32_t pixel, int channel) {
     return row + (static_cast<intptr_t>(pixel) * Stride + channel) * static_cast<intptr_t>(sizeof(T));
 }
 
+// That sample converted to the kernel's arithmetic type (exact for both).
+template <typename Out, typename T, int Stride>
+inline Out SampleAs(const uint8_t* row, int32_t pixel, int channel) {
+    return static_cast<Out>(LoadSample<T>(SampleAt<T, Stride>(row, pixel, channel)));
+}
+
+// One pixel value v at coordinate x into the four sums of a row:
+// S0 += v; t = v x; S1 += t; t = t x; S2 += t; t = t x; S3 += t.
+// `Ops` gives the addition and multiplication: of plain doubles, or of the
+// lanes of a vector register.
+template <typename Ops, typename V>
+inline void AddPixel(V s[4], V v, V x) {
+    s[0] = Ops::Add(s[0], v);
+    V t = Ops::Mul(v, x);
+    s[1] = Ops::Add(s[1], t);
+    t = Ops::Mul(t, x);
+    s[2] = Ops::Add(s[2], t);
+    t = Ops::Mul(t, x);
+    s[3] = Ops::Add(s[3], t);
+}
+
+struct ScalarDoubleOps {
+    static double Add(double a, double b) { return a + b; }
+    static double Mul(double a, double b) { return a * b; }
+};
+
 }  // namespace pixmoor::moments
 
 #endif

@@ -10,32 +10,15 @@
 namespace pixmoor::moments {
 namespace {
 
-// S0 += v; t = v x; S1 += t; t *= x; S2 += t; t *= x; S3 += t, in all lanes.
-inline void AddPixelQuad(__m128 s[4], __m128 v, __m128 x) {
-    s[0] = _mm_add_ps(s[0], v);
-    __m128 t = _mm_mul_ps(v, x);
-    s[1] = _mm_add_ps(s[1], t);
-    t = _mm_mul_ps(t, x);
-    s[2] = _mm_add_ps(s[2], t);
-    t = _mm_mul_ps(t, x);
-    s[3] = _mm_add_ps(s[3], t);
-}
-
-// The same in lane 0 only.
-inline void AddPixelLane0(__m128 s[4], __m128 v, __m128 x) {
-    s[0] = _mm_add_ss(s[0], v);
-    __m128 t = _mm_mul_ss(v, x);
-    s[1] = _mm_add_ss(s[1], t);
-    t = _mm_mul_ss(t, x);
-    s[2] = _mm_add_ss(s[2], t);
-    t = _mm_mul_ss(t, x);
-    s[3] = _mm_add_ss(s[3], t);
-}
-
-template <typename T, int Stride>
-inline float Sample(const uint8_t* row, int32_t pixel, int channel) {
-    return static_cast<float>(LoadSample<T>(SampleAt<T, Stride>(row, pixel, channel)));
-}
+// All four lanes, or lane 0 alone with the other lanes kept.
+struct FourLaneOps {
+    static __m128 Add(__m128 a, __m128 b) { return _mm_add_ps(a, b); }
+    static __m128 Mul(__m128 a, __m128 b) { return _mm_mul_ps(a, b); }
+};
+struct LaneZeroOps {
+    static __m128 Add(__m128 a, __m128 b) { return _mm_add_ss(a, b); }
+    static __m128 Mul(__m128 a, __m128 b) { return _mm_mul_ss(a, b); }
+};
 
 // Channel c of pixels i .. i+3, one in each lane.  One-channel rows convert
 // four samples at once; interleaved rows gather.
@@ -49,8 +32,8 @@ inline __m128 LoadQuad(const uint8_t* row, int32_t i, int c) {
     } else if constexpr (Channels == 1 && Stride == 1) {
         return _mm_loadu_ps(reinterpret_cast<const float*>(SampleAt<T, Stride>(row, i, 0)));
     } else {
-        return _mm_set_ps(Sample<T, Stride>(row, i + 3, c), Sample<T, Stride>(row, i + 2, c),
-                          Sample<T, Stride>(row, i + 1, c), Sample<T, Stride>(row, i, c));
+        return _mm_set_ps(SampleAs<float, T, Stride>(row, i + 3, c), SampleAs<float, T, Stride>(row, i + 2, c),
+                          SampleAs<float, T, Stride>(row, i + 1, c), SampleAs<float, T, Stride>(row, i, c));
     }
 }
 
@@ -74,7 +57,8 @@ void FourLaneFloatRow(const uint8_t* row, int32_t width, double sums[3][4]) {
     const __m128 four = _mm_set1_ps(4.0f);
 
     auto single = [&](int32_t i) {
-        for (int c = 0; c < Channels; ++c) AddPixelLane0(s[c], _mm_set_ss(Sample<T, Stride>(row, i, c)), x);
+        for (int c = 0; c < Channels; ++c)
+            AddPixel<LaneZeroOps>(s[c], _mm_set_ss(SampleAs<float, T, Stride>(row, i, c)), x);
         x = _mm_add_ps(x, one);
     };
 
@@ -90,7 +74,7 @@ void FourLaneFloatRow(const uint8_t* row, int32_t width, double sums[3][4]) {
             const uintptr_t ahead = reinterpret_cast<uintptr_t>(SampleAt<T, Stride>(row, i, 0)) + 32;
             _mm_prefetch(reinterpret_cast<const char*>(ahead), _MM_HINT_NTA);
         }
-        for (int c = 0; c < Channels; ++c) AddPixelQuad(s[c], LoadQuad<T, Channels, Stride>(row, i, c), x);
+        for (int c = 0; c < Channels; ++c) AddPixel<FourLaneOps>(s[c], LoadQuad<T, Channels, Stride>(row, i, c), x);
         x = _mm_add_ps(x, four);
     }
     for (; i < width; ++i) single(i);

@@ -10,14 +10,7 @@ void ReferenceRow(const uint8_t* row, int32_t width, double sums[3][4]) {
     double x = 0.0;
     for (int32_t i = 0; i < width; ++i) {
         for (int c = 0; c < Channels; ++c) {
-            const double v = static_cast<double>(LoadSample<T>(SampleAt<T, Stride>(row, i, c)));
-            s[c][0] += v;
-            double t = v * x;
-            s[c][1] += t;
-            t = t * x;
-            s[c][2] += t;
-            t = t * x;
-            s[c][3] += t;
+            AddPixel<ScalarDoubleOps>(s[c], SampleAs<double, T, Stride>(row, i, c), x);
         }
         x += 1.0;
     }

@@ -9,21 +9,10 @@
 namespace pixmoor::moments {
 namespace {
 
-// S0 += v; t = v x; S1 += t; t *= x; S2 += t; t *= x; S3 += t, in both lanes.
-inline void AddPixelPair(__m128d s[4], __m128d v, __m128d x) {
-    s[0] = _mm_add_pd(s[0], v);
-    __m128d t = _mm_mul_pd(v, x);
-    s[1] = _mm_add_pd(s[1], t);
-    t = _mm_mul_pd(t, x);
-    s[2] = _mm_add_pd(s[2], t);
-    t = _mm_mul_pd(t, x);
-    s[3] = _mm_add_pd(s[3], t);
-}
-
-template <typename T, int Stride>
-inline double Sample(const uint8_t* row, int32_t pixel, int channel) {
-    return static_cast<double>(LoadSample<T>(SampleAt<T, Stride>(row, pixel, channel)));
-}
+struct DoubleLaneOps {
+    static __m128d Add(__m128d a, __m128d b) { return _mm_add_pd(a, b); }
+    static __m128d Mul(__m128d a, __m128d b) { return _mm_mul_pd(a, b); }
+};
 
 // Channel c of pixels i .. i+3 as two lane pairs (i, i+1) and (i+2, i+3).
 // One-channel rows convert four samples at once; interleaved rows gather.
@@ -41,8 +30,8 @@ inline void LoadQuad(const uint8_t* row, int32_t i, int c, __m128d& low, __m128d
         low = _mm_cvtps_pd(samples);
         high = _mm_cvtps_pd(_mm_movehl_ps(samples, samples));
     } else {
-        low = _mm_set_pd(Sample<T, Stride>(row, i + 1, c), Sample<T, Stride>(row, i, c));
-        high = _mm_set_pd(Sample<T, Stride>(row, i + 3, c), Sample<T, Stride>(row, i + 2, c));
+        low = _mm_set_pd(SampleAs<double, T, Stride>(row, i + 1, c), SampleAs<double, T, Stride>(row, i, c));
+        high = _mm_set_pd(SampleAs<double, T, Stride>(row, i + 3, c), SampleAs<double, T, Stride>(row, i + 2, c));
     }
 }
 
@@ -57,7 +46,8 @@ void TwoLaneRow(const uint8_t* row, int32_t width, double sums[3][4]) {
 
     // One pixel into lane 0; lane 1 adds zeros.
     auto single = [&](int32_t i) {
-        for (int c = 0; c < Channels; ++c) AddPixelPair(s[c], _mm_set_pd(0.0, Sample<T, Stride>(row, i, c)), x);
+        for (int c = 0; c < Channels; ++c)
+            AddPixel<DoubleLaneOps>(s[c], _mm_set_pd(0.0, SampleAs<double, T, Stride>(row, i, c)), x);
         x = _mm_add_pd(x, one);
     };
     auto quad = [&](int32_t i) {
@@ -65,8 +55,8 @@ void TwoLaneRow(const uint8_t* row, int32_t width, double sums[3][4]) {
         for (int c = 0; c < Channels; ++c) {
             __m128d low, high;
             LoadQuad<T, Channels, Stride>(row, i, c, low, high);
-            AddPixelPair(s[c], low, x);
-            AddPixelPair(s[c], high, xHigh);
+            AddPixel<DoubleLaneOps>(s[c], low, x);
+            AddPixel<DoubleLaneOps>(s[c], high, xHigh);
         }
         x = _mm_add_pd(xHigh, two);
     };

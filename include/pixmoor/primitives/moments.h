@@ -37,18 +37,16 @@ PIXMOOR_TIERED(PrimStatus, ImgMomentStateFree, (ImgMomentState* state));
 /* Compute the moments of an image into a state; `srcStep` is the distance in
    bytes between rows.  The AC4 forms read four elements a pixel and use the
    first three. */
-PIXMOOR_TIERED(PrimStatus, ImgMoments8uC1,
-               (const uint8_t* src, int32_t srcStep, int32_t width, int32_t height, ImgMomentState* state));
-PIXMOOR_TIERED(PrimStatus, ImgMoments8uC3,
-               (const uint8_t* src, int32_t srcStep, int32_t width, int32_t height, ImgMomentState* state));
-PIXMOOR_TIERED(PrimStatus, ImgMoments8uAC4,
-               (const uint8_t* src, int32_t srcStep, int32_t width, int32_t height, ImgMomentState* state));
-PIXMOOR_TIERED(PrimStatus, ImgMoments32fC1,
-               (const float* src, int32_t srcStep, int32_t width, int32_t height, ImgMomentState* state));
-PIXMOOR_TIERED(PrimStatus, ImgMoments32fC3,
-               (const float* src, int32_t srcStep, int32_t width, int32_t height, ImgMomentState* state));
-PIXMOOR_TIERED(PrimStatus, ImgMoments32fAC4,
-               (const float* src, int32_t srcStep, int32_t width, int32_t height, ImgMomentState* state));
+#define PIXMOOR_MOMENTS_COMPUTE_MEMBER(name, sample) \
+    PIXMOOR_TIERED(PrimStatus, name,                 \
+                   (const sample* src, int32_t srcStep, int32_t width, int32_t height, ImgMomentState* state))
+PIXMOOR_MOMENTS_COMPUTE_MEMBER(ImgMoments8uC1, uint8_t);
+PIXMOOR_MOMENTS_COMPUTE_MEMBER(ImgMoments8uC3, uint8_t);
+PIXMOOR_MOMENTS_COMPUTE_MEMBER(ImgMoments8uAC4, uint8_t);
+PIXMOOR_MOMENTS_COMPUTE_MEMBER(ImgMoments32fC1, float);
+PIXMOOR_MOMENTS_COMPUTE_MEMBER(ImgMoments32fC3, float);
+PIXMOOR_MOMENTS_COMPUTE_MEMBER(ImgMoments32fAC4, float);
+#undef PIXMOOR_MOMENTS_COMPUTE_MEMBER
 
 /* Read-outs.  m is the order in x, n the order in y, m + n at most 3. */
 PIXMOOR_TIERED(PrimStatus, ImgGetSpatialMoment,

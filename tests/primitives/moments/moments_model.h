@@ -27,6 +27,18 @@ inline void ModelAddRow(const double S[4], double y, double* M) {
     M[12] += a2 * y;
 }
 
+// One pixel into four running sums, in the sums' own precision:
+// S[k] += v x^k, with the power built by repeated products.
+template <typename F>
+inline void ModelAddPixel(F S[4], F v, F x) {
+    F t = v;
+    S[0] += t;
+    for (int k = 1; k < 4; ++k) {
+        t = t * x;
+        S[k] += t;
+    }
+}
+
 // The reference: every pixel in turn, in double.
 inline Moments ModelReference(const Image& img) {
     Moments out;
@@ -36,13 +48,7 @@ inline Moments ModelReference(const Image& img) {
             double S[4] = {0.0, 0.0, 0.0, 0.0};
             double x = 0.0;
             for (int32_t i = 0; i < img.width(); ++i) {
-                const double v = img.Get(i, y, c);
-                double t = v;
-                S[0] += t;
-                for (int k = 1; k < 4; ++k) {
-                    t = t * x;
-                    S[k] += t;
-                }
+                ModelAddPixel(S, img.Get(i, y, c), x);
                 x += 1.0;
             }
             ModelAddRow(S, static_cast<double>(y), out.m[c]);
@@ -66,14 +72,7 @@ inline Moments ModelTwoLanes(const Image& img) {
         for (int c = 0; c < channels; ++c) {
             double lane[2][4] = {};
             double x[2] = {0.0, 1.0};
-            auto add = [&](int l, double v) {
-                double t = v;
-                lane[l][0] += t;
-                for (int k = 1; k < 4; ++k) {
-                    t = t * x[l];
-                    lane[l][k] += t;
-                }
-            };
+            auto add = [&](int l, double v) { ModelAddPixel(lane[l], v, x[l]); };
             int32_t i = 0;
             auto single = [&]() {
                 add(0, img.Get(i, y, c));
@@ -112,14 +111,7 @@ inline Moments ModelFourFloatLanes(const Image& img) {
         for (int c = 0; c < channels; ++c) {
             float lane[4][4] = {};
             float x[4] = {0.0f, 0.0f, 0.0f, 0.0f};
-            auto add = [&](int l, float v) {
-                float t = v;
-                lane[l][0] += t;
-                for (int k = 1; k < 4; ++k) {
-                    t = t * x[l];
-                    lane[l][k] += t;
-                }
-            };
+            auto add = [&](int l, float v) { ModelAddPixel(lane[l], v, x[l]); };
             int32_t i = 0;
             auto single = [&]() {
                 add(0, static_cast<float>(img.Get(i, y, c)));

@@ -75,55 +75,61 @@ const ImgPoint kOffsets[] = {{0, 0}, {3, -2}, {-7, 5}, {100, 40}, {-1, -1}};
 
 constexpr Real kTolerance = 1e-12L;
 
-}  // namespace
-
-TEST(MomentsReadOuts, SpatialMomentsAreMomentsOfTheShiftedImage) {
+// Runs `check(image, tier, state)` for every small image in every tier, the
+// state holding the image's moments.
+template <typename Check>
+void ForEachComputedState(Check check) {
     for (const Image& image : SmallImages())
         for (const Tier& tier : Tiers()) {
-            SCOPED_TRACE(std::string(tier.name) + Info(image.layout()).name);
+            SCOPED_TRACE(std::string(tier.name) + Info(image.layout()).name + " " + std::to_string(image.width()) +
+                         "x" + std::to_string(image.height()));
             State state(tier, PrimAlgHintAccurate);
             ASSERT_EQ(Compute(tier, image, state.get()), PrimStatusOk);
-            for (int c = 0; c < Info(image.layout()).channels; ++c)
-                for (const ImgPoint& offset : kOffsets)
-                    for (const Order& o : kReadOrders) {
-                        double value = -12345.0;
-                        ASSERT_EQ(tier.spatial(state.get(), o.p, o.q, c, offset, &value), PrimStatusOk);
-                        const DirectSum want = Shifted(image, c, o.p, o.q, offset.x, offset.y);
-                        EXPECT_LE(std::fabs(value - want.value), kTolerance * want.scale + 1e-300L)
-                            << o.p << "," << o.q << " offset " << offset.x << "," << offset.y;
-
-                        double normalised = -12345.0;
-                        ASSERT_EQ(tier.normSpatial(state.get(), o.p, o.q, c, offset, &normalised), PrimStatusOk);
-                        const Real factor = std::pow(Mass(image, c), -(o.p + o.q + 2) / 2.0L);
-                        EXPECT_LE(std::fabs(normalised - want.value * factor), kTolerance * want.scale * factor)
-                            << "normalised " << o.p << "," << o.q;
-                    }
+            check(image, tier, state.get());
         }
 }
 
-TEST(MomentsReadOuts, CentralMomentsAreMomentsAboutTheCentroid) {
-    for (const Image& image : SmallImages())
-        for (const Tier& tier : Tiers()) {
-            SCOPED_TRACE(std::string(tier.name) + Info(image.layout()).name);
-            State state(tier, PrimAlgHintAccurate);
-            ASSERT_EQ(Compute(tier, image, state.get()), PrimStatusOk);
-            for (int c = 0; c < Info(image.layout()).channels; ++c)
+}  // namespace
+
+TEST(MomentsReadOuts, SpatialMomentsAreMomentsOfTheShiftedImage) {
+    ForEachComputedState([](const Image& image, const Tier& tier, const ImgMomentState* state) {
+        for (int c = 0; c < Info(image.layout()).channels; ++c)
+            for (const ImgPoint& offset : kOffsets)
                 for (const Order& o : kReadOrders) {
                     double value = -12345.0;
-                    ASSERT_EQ(tier.central(state.get(), o.p, o.q, c, &value), PrimStatusOk);
-                    const DirectSum want = Centred(image, c, o.p, o.q);
-                    // The stored moments about the origin carry the scale of
-                    // the uncentred sums into the subtraction.
-                    const Real scale = Shifted(image, c, o.p, o.q, 0, 0).scale + want.scale;
-                    EXPECT_LE(std::fabs(value - want.value), kTolerance * scale) << o.p << "," << o.q;
+                    ASSERT_EQ(tier.spatial(state, o.p, o.q, c, offset, &value), PrimStatusOk);
+                    const DirectSum want = Shifted(image, c, o.p, o.q, offset.x, offset.y);
+                    EXPECT_LE(std::fabs(value - want.value), kTolerance * want.scale + 1e-300L)
+                        << o.p << "," << o.q << " offset " << offset.x << "," << offset.y;
 
                     double normalised = -12345.0;
-                    ASSERT_EQ(tier.normCentral(state.get(), o.p, o.q, c, &normalised), PrimStatusOk);
+                    ASSERT_EQ(tier.normSpatial(state, o.p, o.q, c, offset, &normalised), PrimStatusOk);
                     const Real factor = std::pow(Mass(image, c), -(o.p + o.q + 2) / 2.0L);
-                    EXPECT_LE(std::fabs(normalised - want.value * factor), kTolerance * scale * factor)
+                    EXPECT_LE(std::fabs(normalised - want.value * factor), kTolerance * want.scale * factor)
                         << "normalised " << o.p << "," << o.q;
                 }
-        }
+    });
+}
+
+TEST(MomentsReadOuts, CentralMomentsAreMomentsAboutTheCentroid) {
+    ForEachComputedState([](const Image& image, const Tier& tier, const ImgMomentState* state) {
+        for (int c = 0; c < Info(image.layout()).channels; ++c)
+            for (const Order& o : kReadOrders) {
+                double value = -12345.0;
+                ASSERT_EQ(tier.central(state, o.p, o.q, c, &value), PrimStatusOk);
+                const DirectSum want = Centred(image, c, o.p, o.q);
+                // The stored moments about the origin carry the scale of
+                // the uncentred sums into the subtraction.
+                const Real scale = Shifted(image, c, o.p, o.q, 0, 0).scale + want.scale;
+                EXPECT_LE(std::fabs(value - want.value), kTolerance * scale) << o.p << "," << o.q;
+
+                double normalised = -12345.0;
+                ASSERT_EQ(tier.normCentral(state, o.p, o.q, c, &normalised), PrimStatusOk);
+                const Real factor = std::pow(Mass(image, c), -(o.p + o.q + 2) / 2.0L);
+                EXPECT_LE(std::fabs(normalised - want.value * factor), kTolerance * scale * factor)
+                    << "normalised " << o.p << "," << o.q;
+            }
+    });
 }
 
 TEST(MomentsReadOuts, FirstOrderCentralMomentsAreExactlyZero) {
@@ -162,26 +168,21 @@ std::vector<Real> DirectInvariants(const Image& image, int c) {
 }  // namespace
 
 TEST(MomentsReadOuts, InvariantsFromCentralMoments) {
-    for (const Image& image : SmallImages()) {
-        if (image.width() * image.height() < 4) continue;  // a single pixel has no shape
-        for (const Tier& tier : Tiers()) {
-            SCOPED_TRACE(std::string(tier.name) + Info(image.layout()).name + " " + std::to_string(image.width()));
-            State state(tier, PrimAlgHintAccurate);
-            ASSERT_EQ(Compute(tier, image, state.get()), PrimStatusOk);
-            for (int c = 0; c < Info(image.layout()).channels; ++c) {
-                double hu[7];
-                ASSERT_EQ(tier.hu(state.get(), c, hu), PrimStatusOk);
-                const std::vector<Real> want = DirectInvariants(image, c);
-                // Invariants of order k scale with the k-th power of the
-                // normalised moments; compare relative to the first.
-                const Real unit = std::fabs(want[0]);
-                const Real scales[7] = {unit, unit * unit, unit * unit * unit, unit * unit * unit,
-                                        Power(unit, 6), Power(unit, 4), Power(unit, 6)};
-                for (int k = 0; k < 7; ++k)
-                    EXPECT_LE(std::fabs(hu[k] - want[k]), 1e-8L * scales[k]) << "invariant " << k + 1;
-            }
+    ForEachComputedState([](const Image& image, const Tier& tier, const ImgMomentState* state) {
+        if (image.width() * image.height() < 4) return;  // a single pixel has no shape
+        for (int c = 0; c < Info(image.layout()).channels; ++c) {
+            double hu[7];
+            ASSERT_EQ(tier.hu(state, c, hu), PrimStatusOk);
+            const std::vector<Real> want = DirectInvariants(image, c);
+            // Invariants of order k scale with the k-th power of the
+            // normalised moments; compare relative to the first.
+            const Real unit = std::fabs(want[0]);
+            const Real scales[7] = {unit,           unit * unit,    unit * unit * unit, unit * unit * unit,
+                                    Power(unit, 6), Power(unit, 4), Power(unit, 6)};
+            for (int k = 0; k < 7; ++k)
+                EXPECT_LE(std::fabs(hu[k] - want[k]), 1e-8L * scales[k]) << "invariant " << k + 1;
         }
-    }
+    });
 }
 
 TEST(MomentsReadOuts, FifthInvariantKeepsE03PlusE12InItsFirstBracket) {
