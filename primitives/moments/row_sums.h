@@ -36,12 +36,15 @@ inline constexpr MemberShape kMemberShapes[kMemberCount] = {
 // sums[c][k] receives S_k of channel c; only the member's channels are set.
 using RowSumsFn = void (*)(const uint8_t* row, int32_t width, double sums[3][4]);
 
-// Builds a kernel table from a kernel template <sample type, channels,
-// samples a pixel>, in MemberIndex order.
-#define PIXMOOR_ROW_SUMS_TABLE(Kernel)                                                     \
-    {                                                                                      \
-        &Kernel<uint8_t, 1, 1>, &Kernel<uint8_t, 3, 3>, &Kernel<uint8_t, 3, 4>,            \
-            &Kernel<float, 1, 1>, &Kernel<float, 3, 3>, &Kernel<float, 3, 4>               \
+// Builds a kernel table from a row template <Params..., sample type,
+// channels, samples a pixel>, in MemberIndex order.  The leading parameters
+// say what arithmetic the template runs on: plain doubles, or a form and a
+// set of vector lanes.
+#define PIXMOOR_ROW_SUMS_TABLE(Kernel, ...)                                                      \
+    {                                                                                            \
+        &Kernel<__VA_ARGS__, uint8_t, 1, 1>, &Kernel<__VA_ARGS__, uint8_t, 3, 3>,                \
+            &Kernel<__VA_ARGS__, uint8_t, 3, 4>, &Kernel<__VA_ARGS__, float, 1, 1>,              \
+            &Kernel<__VA_ARGS__, float, 3, 3>, &Kernel<__VA_ARGS__, float, 3, 4>                 \
     }
 
 // Plain double sums in pixel order: tiers px and m6, and a6 asked for accuracy.
@@ -50,6 +53,11 @@ extern const RowSumsFn kReferenceRowSums[kMemberCount];
 extern const RowSumsFn kTwoLaneRowSums[kMemberCount];
 // Four single-precision lanes: tier a6 unless asked for accuracy.
 extern const RowSumsFn kFourLaneFloatRowSums[kMemberCount];
+// The same two forms in plain code, lane by lane.  They serve where the
+// processor has no vector unit that the lane forms are written for, and
+// they give the same bytes as the vector forms.
+extern const RowSumsFn kTwoLaneRowSumsPortable[kMemberCount];
+extern const RowSumsFn kFourLaneFloatRowSumsPortable[kMemberCount];
 
 // One sample of the source; float rows may sit at any byte address.
 template <typename T>

@@ -4,13 +4,13 @@
 namespace pixmoor::moments {
 namespace {
 
-template <typename T, int Channels, int Stride>
+template <typename Ops, typename T, int Channels, int Stride>
 void ReferenceRow(const uint8_t* row, int32_t width, double sums[3][4]) {
     double s[Channels][4] = {};
     double x = 0.0;
     for (int32_t i = 0; i < width; ++i) {
         for (int c = 0; c < Channels; ++c) {
-            AddPixel<ScalarDoubleOps>(s[c], SampleAs<double, T, Stride>(row, i, c), x);
+            AddPixel<Ops>(s[c], SampleAs<double, T, Stride>(row, i, c), x);
         }
         x += 1.0;
     }
@@ -20,6 +20,6 @@ void ReferenceRow(const uint8_t* row, int32_t width, double sums[3][4]) {
 
 }  // namespace
 
-const RowSumsFn kReferenceRowSums[kMemberCount] = PIXMOOR_ROW_SUMS_TABLE(ReferenceRow);
+const RowSumsFn kReferenceRowSums[kMemberCount] = PIXMOOR_ROW_SUMS_TABLE(ReferenceRow, ScalarDoubleOps);
 
 }  // namespace pixmoor::moments

@@ -9,6 +9,7 @@
 #include <limits>
 
 #include "moments_model.h"
+#include "primitives/moments/moment_members.h"
 
 using namespace moments_test;
 
@@ -266,4 +267,27 @@ TEST(MomentsAccumulation, PlainNamesRunTheReportedTier) {
     ASSERT_EQ(ImgMoments32fC3(reinterpret_cast<const float*>(image.bytes()), image.step(), 9, 5, state.get()),
               PrimStatusOk);
     ExpectSameMoments(ModelReference(image), state.get(), 3);
+}
+
+// The plain-code lane forms, which serve processors without the vector unit,
+// give the bytes of their models, as the vector forms do.
+TEST(MomentsAccumulation, PortableLaneFormsMatchTheirModelsExactly) {
+    namespace pm = pixmoor::moments;
+    static_assert(static_cast<int>(k8uC1) == pm::kMember8uC1 && static_cast<int>(k32fAC4) == pm::kMember32fAC4,
+                  "the test layouts follow the members' order");
+    ForEachImage([](const Image& image) {
+        const pm::MemberIndex member = static_cast<pm::MemberIndex>(image.layout());
+        const Moments twoLanes = ModelTwoLanes(image);
+        const Moments fourLanes = ModelFourFloatLanes(image);
+        State state(TierPx(), PrimAlgHintFast);
+        ASSERT_EQ(pm::ComputeMoments(member, image.bytes(), image.step(), image.width(), image.height(), state.get(),
+                                     pm::kTwoLaneRowSumsPortable[member], pm::kTwoLaneRowSumsPortable[member]),
+                  PrimStatusOk);
+        ExpectSameMoments(twoLanes, state.get(), Info(image.layout()).channels);
+        ASSERT_EQ(pm::ComputeMoments(member, image.bytes(), image.step(), image.width(), image.height(), state.get(),
+                                     pm::kFourLaneFloatRowSumsPortable[member],
+                                     pm::kFourLaneFloatRowSumsPortable[member]),
+                  PrimStatusOk);
+        ExpectSameMoments(fourLanes, state.get(), Info(image.layout()).channels);
+    });
 }
