@@ -49,7 +49,7 @@ using RowSumsFn = void (*)(const uint8_t* row, int32_t width, double sums[3][4])
 
 // Plain double sums in pixel order: tiers px and m6, and a6 asked for accuracy.
 extern const RowSumsFn kReferenceRowSums[kMemberCount];
-// Two double lanes, even and odd columns: tier w7.
+// Two double lanes taking alternate columns: tier w7.
 extern const RowSumsFn kTwoLaneRowSums[kMemberCount];
 // Four single-precision lanes: tier a6 unless asked for accuracy.
 extern const RowSumsFn kFourLaneFloatRowSums[kMemberCount];
