@@ -1,10 +1,28 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds everything with warnings as errors, and
-# runs the whole test suite.
+# runs the whole test suite; then the reliability stages, each of which can
+# also be run alone:
+#   scripts/sanitize.sh asan   the suite under Address, UndefinedBehavior and
+#                              Leak sanitizers (build-asan)
+#   scripts/sanitize.sh tsan   the concurrency tests under ThreadSanitizer
+#                              (build-tsan)
+#   scripts/fuzz.sh            a short run of every fuzz harness (build-fuzz;
+#                              FUZZ_SECONDS each, 20 by default)
+# PIXMOOR_STAGES picks among "suite asan tsan fuzz" (default: all four).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
 jobs=$(nproc)
-cmake -S . -B build -DCMAKE_BUILD_TYPE=Release -DPIXMOOR_WERROR=ON
-cmake --build build -j "$jobs"
-ctest --test-dir build -j "$jobs" --output-on-failure
+stages=" ${PIXMOOR_STAGES:-suite asan tsan fuzz} "
+started=$(date +%s)
+stamp() { echo "=== $1 done after $(( $(date +%s) - started )) s"; }
+
+if [[ $stages == *" suite "* ]]; then
+  cmake -S . -B build -DCMAKE_BUILD_TYPE=Release -DPIXMOOR_WERROR=ON
+  cmake --build build -j "$jobs"
+  ctest --test-dir build -j "$jobs" --output-on-failure
+  stamp "test suite"
+fi
+if [[ $stages == *" asan "* ]]; then scripts/sanitize.sh asan; stamp "sanitizer suite"; fi
+if [[ $stages == *" tsan "* ]]; then scripts/sanitize.sh tsan; stamp "thread sanitizer"; fi
+if [[ $stages == *" fuzz "* ]]; then scripts/fuzz.sh; stamp "fuzzing"; fi
