@@ -45,7 +45,8 @@ public:
         return *this;
     }
     ArgChecks& Steps(const int32_t* steps) {
-        for (int i = 0; i < 3; ++i) Step(steps[i]);
+        // A null array has already failed step 1: read no element of it.
+        for (int i = 0; i < 3 && status_ == PrimStatusOk; ++i) Step(steps[i]);
         return *this;
     }
 
