@@ -1,6 +1,6 @@
 // Fuzzes the RGB to and from planar YUV 4:2:0 members, compact and step
-// forms, in every tier and through their plain names: null arrays and null
-// plane pointers, sizes and steps below 1, odd sizes, steps shorter than a
+// forms, in every tier and through their plain names: null plane and step
+// arrays and null plane pointers, sizes and steps below 1, odd sizes, steps shorter than a
 // line, any alignment.  Planes hold exactly the lines the arguments describe
 // (packed RGB sources two bytes more, which the vector tails may read).  A
 // rejected call must return the status of the first failing check and write
@@ -123,6 +123,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const int32_t w = sized ? width : 1, h = sized ? height : 1;
     const int32_t cw = w / 2 + (w & 1), ch = h / 2 + (h & 1);
     const bool forward = m.direction == Direction::Forward;
+    // A step array is checked with the outer pointers, before the size.
+    const bool nullSrcSteps = nulls == 0xF8 && !m.compact && !forward;
+    const bool nullDstSteps = nulls == 0xF9 && !m.compact && forward;
 
     // The two sides: RGB (one packed plane or three full planes with one
     // step) and YUV (three planes with their own steps).
@@ -138,7 +141,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
 
     // The first failing check decides.
-    const bool nullOuter = nullSrcOuter || nullDstOuter;
+    const bool nullOuter = nullSrcOuter || nullDstOuter || nullSrcSteps || nullDstSteps;
     if (nullSrcPlane >= (forward ? rgbCount : 3)) nullSrcPlane = -1;
     if (nullDstPlane >= (forward ? 3 : rgbCount)) nullDstPlane = -1;
     bool badStep = rgbStep < 1;
@@ -186,10 +189,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         call.srcPlanes = nullSrcOuter ? nullptr : srcPlanePtrs;
         call.srcStep = rgbStep;
         call.dstPlanes = nullDstOuter ? nullptr : dstPlanePtrs;
-        call.dstSteps = yuvSteps;
+        call.dstSteps = nullDstSteps ? nullptr : yuvSteps;
     } else {
         call.srcPlanes = nullSrcOuter ? nullptr : srcPlanePtrs;
-        call.srcSteps = yuvSteps;
+        call.srcSteps = nullSrcSteps ? nullptr : yuvSteps;
         call.dstPacked = nullDstOuter ? nullptr : dstPlanePtrs[0];
         call.dstPlanes = nullDstOuter ? nullptr : dstPlanePtrs;
         call.dstStep = rgbStep;
