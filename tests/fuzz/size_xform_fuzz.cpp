@@ -150,7 +150,10 @@ struct Frame {
 // Appends `n` bytes from a source offset, recording the read extent.
 void Take(Frame& f, const std::vector<uint8_t>& src, size_t at, size_t n) {
     f.srcNeeded = std::max(f.srcNeeded, at + n);
-    for (size_t i = 0; i < n; ++i) f.out.push_back(at + i < src.size() ? src[at + i] : 0);
+    const size_t have = at < src.size() ? std::min(n, src.size() - at) : 0;
+    f.out.insert(f.out.end(), src.begin() + static_cast<std::ptrdiff_t>(at),
+                 src.begin() + static_cast<std::ptrdiff_t>(at + have));
+    f.out.insert(f.out.end(), n - have, 0);
 }
 
 void CropPadFrame(const Model& m, const std::vector<uint8_t>& src, Frame& f) {
@@ -245,6 +248,7 @@ void FixedFrame(const Model& m, const std::vector<uint8_t>& src, Frame& f) {
 
 Frame ModelXForm(const Model& m, const std::vector<uint8_t>& src) {
     Frame f;
+    f.out.reserve(static_cast<size_t>(m.destSize) * 2 + 64);
     if (!m.needsXForm) {
         Take(f, src, 0, static_cast<size_t>(m.destSize));
     } else if (m.routine == Routine::CropPad) {
@@ -263,18 +267,18 @@ struct Sizes {
 
 Sizes ReadSizes(FuzzInput& in, int32_t bits) {
     const uint8_t how = in.Byte();
-    if (how >= 240 && bits == 24) {
-        const SizePair& p = kFixedPairs[how % 7];
+    if (how >= 250 && bits == 24) {
+        const SizePair& p = kFixedPairs[in.Byte() % 7];
         return {p.inW, p.inH, p.outW, p.outH};
     }
     Sizes s{};
-    s.inW = 1 + in.Below(how < 40 ? 8 : 180);
-    s.inH = 1 + in.Below(how < 40 ? 8 : 100);
+    s.inW = 1 + in.Below(how < 40 ? 8 : 130);
+    s.inH = 1 + in.Below(how < 40 ? 8 : 70);
     if (how % 5 == 0) {  // the same size on both sides
         s.outW = s.inW, s.outH = s.inH;
     } else {
-        s.outW = 1 + in.Below(how < 40 ? 8 : 180);
-        s.outH = 1 + in.Below(how < 40 ? 8 : 100);
+        s.outW = 1 + in.Below(how < 40 ? 8 : 130);
+        s.outH = 1 + in.Below(how < 40 ? 8 : 70);
     }
     return s;
 }
