@@ -47,14 +47,9 @@ PlacedRows ModelDestination(uint32_t dest, const std::vector<uint8_t>& rows, int
     return PlaceExpectedRows(ModelRepackRows(dest, rows.data(), w, h), h, line, starts, kFill);
 }
 
-struct Outcome {
-    std::vector<uint8_t> got, expected;
-    bool guardsIntact;
-};
-
 // Converts `f` on a new transform initialised while `tier` is played, into
 // a buffer that covers every byte the model says is written.
-Outcome Convert(uint32_t src, uint32_t dest, const YuvFrame& f, int tier, uint32_t pitch, Orient so = kDefault,
+RoadOutcome Convert(uint32_t src, uint32_t dest, const YuvFrame& f, int tier, uint32_t pitch, Orient so = kDefault,
                 Orient dO = kDefault) {
     const int w = f.width, h = f.height;
     XFormPtr x = Ready(src, dest, w, h, so, dO);
@@ -63,12 +58,7 @@ Outcome Convert(uint32_t src, uint32_t dest, const YuvFrame& f, int tier, uint32
     GuardedBuffer buf(placed.expected.size(), kFill);
     const std::vector<uint8_t> bytes = PlanarBytes(src, f);
     x->XForm(bytes.data(), buf.data() + placed.dstOffset, pitch);
-    return Outcome{buf.Contents(), placed.expected, buf.GuardsIntact()};
-}
-
-void ExpectModel(const Outcome& o) {
-    EXPECT_EQ(o.got, o.expected);
-    EXPECT_TRUE(o.guardsIntact);
+    return RoadOutcome{buf.Contents(), placed.expected, buf.GuardsIntact()};
 }
 
 TEST(PlanarToRgb, EveryTierGivesItsModel) {
@@ -97,7 +87,7 @@ TEST(PlanarToRgb, TheA6OddPositionsShowThroughTheRoad) {
     std::fill(f.y.begin(), f.y.end(), 128);
     std::fill(f.u.begin(), f.u.end(), 128);  // the primitive's V
     std::fill(f.v.begin(), f.v.end(), 0);    // the primitive's U
-    const Outcome o = Convert(FCC_I420, FCC_RG24, f, PrimTierA6, 0, kTopDown, kTopDown);
+    const RoadOutcome o = Convert(FCC_I420, FCC_RG24, f, PrimTierA6, 0, kTopDown, kTopDown);
     ExpectModel(o);
     const uint8_t* row = o.got.data();
     EXPECT_NE(std::vector<uint8_t>(row + 9, row + 12), std::vector<uint8_t>(row + 6, row + 9));

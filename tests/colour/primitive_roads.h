@@ -146,11 +146,11 @@ public:
     explicit SlotSpies(bool fail = false) {
         fail_ = fail;
         calls_.clear();
-        Install(11, Spy11);
-        Install(12, Spy12);
-        Install(13, Spy13);
-        Install(16, Spy16);
-        Install(17, Spy17);
+        Install(11, Spy<11, decltype(&px_ImgRGBToYUV420)>::Call);
+        Install(12, Spy<12, decltype(&px_ImgYUV420ToRGB)>::Call);
+        Install(13, Spy<13, decltype(&px_ImgYUV420ToRGB_Step)>::Call);
+        Install(16, Spy<16, decltype(&px_ImgMirror8uC3I)>::Call);
+        Install(17, Spy<17, decltype(&px_ImgMirror8uC3)>::Call);
     }
     ~SlotSpies() {
         for (int row : {11, 12, 13, 16, 17}) *PrimDispatchTable[row].slot = passOn_[row];
@@ -171,56 +171,70 @@ private:
         passOn_[row] = *PrimDispatchTable[row].slot;
         *PrimDispatchTable[row].slot = reinterpret_cast<PrimEntry>(spy);
     }
-    template <class Fn>
-    static Fn PassOn(int row) {
-        return reinterpret_cast<Fn>(passOn_[row]);
-    }
-    static PrimStatus Spy11(const uint8_t* src, uint8_t* const dst[3], int32_t w, int32_t h) {
+
+    // One spy per row, of the row's own type: records, then passes on.
+    template <int Row, class Fn>
+    struct Spy;
+    template <int Row, class... Args>
+    struct Spy<Row, PrimStatus (*)(Args...)> {
+        static PrimStatus Call(Args... args) {
+            SlotCall c = Describe(args...);
+            c.row = Row;
+            calls_.push_back(c);
+            if (fail_) return PrimStatusNullPointer;
+            return reinterpret_cast<PrimStatus (*)(Args...)>(passOn_[Row])(args...);
+        }
+    };
+
+    // What each row's arguments are, by the row's signature.
+    static SlotCall Describe(const uint8_t* src, uint8_t* const dst[3], int32_t w, int32_t h) {  // 11
         SlotCall c;
-        c.row = 11, c.src = src, c.width = w, c.height = h;
+        c.src = src, c.width = w, c.height = h;
         for (int i = 0; i < 3; ++i) c.planes[i] = dst[i];
-        calls_.push_back(c);
-        if (fail_) return PrimStatusNullPointer;
-        return PassOn<decltype(&Spy11)>(11)(src, dst, w, h);
+        return c;
     }
-    static PrimStatus Spy12(const uint8_t* const src[3], uint8_t* dst, int32_t w, int32_t h) {
+    static SlotCall Describe(const uint8_t* const src[3], uint8_t* dst, int32_t w, int32_t h) {  // 12
         SlotCall c;
-        c.row = 12, c.dst = dst, c.width = w, c.height = h;
+        c.dst = dst, c.width = w, c.height = h;
         for (int i = 0; i < 3; ++i) c.planes[i] = src[i];
-        calls_.push_back(c);
-        if (fail_) return PrimStatusNullPointer;
-        return PassOn<decltype(&Spy12)>(12)(src, dst, w, h);
+        return c;
     }
-    static PrimStatus Spy13(const uint8_t* const src[3], const int32_t steps[3], uint8_t* dst, int32_t dstStep,
-                            int32_t w, int32_t h) {
-        SlotCall c;
-        c.row = 13, c.dst = dst, c.dstStep = dstStep, c.width = w, c.height = h;
-        for (int i = 0; i < 3; ++i) c.planes[i] = src[i], c.planeSteps[i] = steps[i];
-        calls_.push_back(c);
-        if (fail_) return PrimStatusNullPointer;
-        return PassOn<decltype(&Spy13)>(13)(src, steps, dst, dstStep, w, h);
+    static SlotCall Describe(const uint8_t* const src[3], const int32_t steps[3], uint8_t* dst, int32_t dstStep,
+                             int32_t w, int32_t h) {  // 13
+        SlotCall c = Describe(src, dst, w, h);
+        c.dstStep = dstStep;
+        for (int i = 0; i < 3; ++i) c.planeSteps[i] = steps[i];
+        return c;
     }
-    static PrimStatus Spy16(uint8_t* srcDst, int32_t step, int32_t w, int32_t h, MirrorAxis axis) {
+    static SlotCall Describe(uint8_t* srcDst, int32_t step, int32_t w, int32_t h, MirrorAxis axis) {  // 16
         SlotCall c;
-        c.row = 16, c.src = srcDst, c.srcStep = step, c.width = w, c.height = h, c.axis = axis;
-        calls_.push_back(c);
-        if (fail_) return PrimStatusNullPointer;
-        return PassOn<decltype(&Spy16)>(16)(srcDst, step, w, h, axis);
+        c.src = srcDst, c.srcStep = step, c.width = w, c.height = h, c.axis = axis;
+        return c;
     }
-    static PrimStatus Spy17(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t w,
-                            int32_t h, MirrorAxis axis) {
+    static SlotCall Describe(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t w,
+                             int32_t h, MirrorAxis axis) {  // 17
         SlotCall c;
-        c.row = 17, c.src = src, c.srcStep = srcStep, c.dst = dst, c.dstStep = dstStep, c.width = w, c.height = h,
-        c.axis = axis;
-        calls_.push_back(c);
-        if (fail_) return PrimStatusNullPointer;
-        return PassOn<decltype(&Spy17)>(17)(src, srcStep, dst, dstStep, w, h, axis);
+        c.src = src, c.srcStep = srcStep, c.dst = dst, c.dstStep = dstStep, c.width = w, c.height = h, c.axis = axis;
+        return c;
     }
 
     static inline std::vector<SlotCall> calls_;
     static inline PrimEntry passOn_[PrimDispatchRowCount] = {};
     static inline bool fail_ = false;
 };
+
+// A road's output beside its model's.
+struct RoadOutcome {
+    std::vector<uint8_t> got, expected;
+    bool guardsIntact = true;  // nothing written outside the modelled bytes
+    bool sourceKept = true;    // the source frame unchanged
+};
+
+inline void ExpectModel(const RoadOutcome& o) {
+    EXPECT_EQ(o.got, o.expected);
+    EXPECT_TRUE(o.guardsIntact);
+    EXPECT_TRUE(o.sourceKept);
+}
 
 // Sizes that Init accepts, with pair counts from 2 to 34: below, at and
 // past every main-loop bound of the tiers (4, 8 and 16 pairs), with tails

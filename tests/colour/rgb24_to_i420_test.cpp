@@ -14,25 +14,14 @@ namespace {
 
 constexpr uint8_t kFill = 0x3A;
 
-struct Outcome {
-    std::vector<uint8_t> got, expected;
-    bool guardsIntact, sourceKept;
-};
-
-Outcome Convert(const std::vector<uint8_t>& rg24, int w, int h, int tier, Orient so, Orient dO, uint32_t pitch = 0) {
+RoadOutcome Convert(const std::vector<uint8_t>& rg24, int w, int h, int tier, Orient so, Orient dO, uint32_t pitch = 0) {
     XFormPtr x = Ready(FCC_RG24, FCC_I420, w, h, so, dO);
     EXPECT_EQ(PrimGetTier(), tier);
     const bool flip = (so != kDefault ? so : kBottomUp) != (dO != kDefault ? dO : kTopDown);
     GuardedBuffer buf(x->DestBufferSize(), kFill);
     const std::vector<uint8_t> source = rg24;
     x->XForm(source.data(), buf.data(), pitch);
-    return Outcome{buf.Contents(), ModelRg24ToI420(rg24, w, h, flip, tier), buf.GuardsIntact(), source == rg24};
-}
-
-void ExpectModel(const Outcome& o) {
-    EXPECT_EQ(o.got, o.expected);
-    EXPECT_TRUE(o.guardsIntact);
-    EXPECT_TRUE(o.sourceKept);
+    return RoadOutcome{buf.Contents(), ModelRg24ToI420(rg24, w, h, flip, tier), buf.GuardsIntact(), source == rg24};
 }
 
 TEST(Rgb24ToI420, EveryTierGivesItsModel) {
