@@ -45,31 +45,25 @@ T At(const uint8_t* p, std::size_t i) {
     return v;
 }
 
-// Plain tier, real floats: two accumulators alternate over rounds of twelve
-// (while twenty remain) and of four (while four remain); joined; then the
-// rest one after another onto the joined total.
-double ModelPair32f(const uint8_t* p, int32_t n) {
+// Plain tier, real vectors: two accumulators alternate over rounds of
+// twelve (while twenty remain) and of four (while four remain).  Floats join
+// them and add the rest one after another onto the joined total; doubles add
+// the rest to the even accumulator before the join.
+template <typename T>
+double ModelPair(const uint8_t* p, int32_t n) {
     double acc[2] = {0.0, 0.0};
     int32_t i = 0;
     while (n - i >= 20)
-        for (int k = 0; k < 12; ++k, ++i) acc[k % 2] += At<float>(p, i);
+        for (int k = 0; k < 12; ++k, ++i) acc[k % 2] += At<T>(p, i);
     while (n - i >= 4)
-        for (int k = 0; k < 4; ++k, ++i) acc[k % 2] += At<float>(p, i);
+        for (int k = 0; k < 4; ++k, ++i) acc[k % 2] += At<T>(p, i);
+    if (sizeof(T) == 8) {
+        for (; i < n; ++i) acc[0] += At<T>(p, i);
+        return acc[0] + acc[1];
+    }
     double total = acc[0] + acc[1];
-    for (; i < n; ++i) total += At<float>(p, i);
+    for (; i < n; ++i) total += At<T>(p, i);
     return total;
-}
-
-// Plain tier, doubles: the rest goes into the even accumulator before the join.
-double ModelPair64f(const uint8_t* p, int32_t n) {
-    double acc[2] = {0.0, 0.0};
-    int32_t i = 0;
-    while (n - i >= 20)
-        for (int k = 0; k < 12; ++k, ++i) acc[k % 2] += At<double>(p, i);
-    while (n - i >= 4)
-        for (int k = 0; k < 4; ++k, ++i) acc[k % 2] += At<double>(p, i);
-    for (; i < n; ++i) acc[0] += At<double>(p, i);
-    return acc[0] + acc[1];
 }
 
 // Plain tier, complex floats: one accumulator per part, in order.
@@ -149,7 +143,7 @@ double ModelPacked64f(const uint8_t* p, int32_t n) {
 }
 
 double Expected32f(int tier, PrimAlgHint hint, const uint8_t* p, int32_t n) {
-    if (tier == 0) return ModelPair32f(p, n);
+    if (tier == 0) return ModelPair<float>(p, n);
     if (tier >= 2 && hint == PrimAlgHintFast) {
         double t = 0.0, unused = 0.0;
         ModelFast(p, n, 1, &t, &unused);
@@ -159,7 +153,7 @@ double Expected32f(int tier, PrimAlgHint hint, const uint8_t* p, int32_t n) {
 }
 
 double Expected64f(int tier, const uint8_t* p, int32_t n) {
-    if (tier == 0) return ModelPair64f(p, n);
+    if (tier == 0) return ModelPair<double>(p, n);
     if (tier == 3) return ModelPacked64f(p, n);
     return ModelEight(n, [&](int32_t i) { return At<double>(p, i); });
 }
@@ -183,71 +177,90 @@ std::vector<int32_t> FloatLengths() {
 
 const std::size_t kOffsets[] = {0, 1, 2, 4, 8, 12, 16, 20, 28};
 
-TEST(SignalSum, Float32AgainstEachTierPlan) {
+// Calls `check(src, n, offset)` for every test length and start offset, the
+// vector holding `width` mixed values of type T per element.
+template <typename T, typename Check>
+void ForEachPlacedVector(int width, uint32_t seed, Check check) {
     for (int32_t n : FloatLengths()) {
-        const auto values = MixedFloats<float>(n, 100 + n);
+        const auto values = MixedFloats<T>(std::size_t(n) * width, seed + n);
         for (std::size_t offset : kOffsets) {
-            PlacedVector src(n * sizeof(float), offset);
+            PlacedVector src(values.size() * sizeof(T), offset);
             src.Fill(values);
-            for (const SumTier& t : kTiers)
-                for (PrimAlgHint hint : kHints) {
-                    PlacedVector out(sizeof(float), offset % 4 == 0 ? 0 : 3);
-                    ASSERT_EQ(t.sum32f(src.as<float>(), n, out.as<float>(), hint), PrimStatusOk);
-                    const float expected = static_cast<float>(Expected32f(t.tier, hint, src.data(), n));
-                    ASSERT_TRUE(SameBits(out.Get<float>(0), expected))
-                        << t.name << " n=" << n << " offset=" << offset << " hint=" << hint << " got "
-                        << out.Get<float>(0) << " want " << expected;
-                    ASSERT_TRUE(out.GuardsIntact() && src.GuardsIntact());
-                }
+            check(src, n, offset);
+            ASSERT_TRUE(src.GuardsIntact());
+            if (::testing::Test::HasFatalFailure()) return;
         }
     }
+}
+
+TEST(SignalSum, Float32AgainstEachTierPlan) {
+    ForEachPlacedVector<float>(1, 100, [](PlacedVector& src, int32_t n, std::size_t offset) {
+        for (const SumTier& t : kTiers)
+            for (PrimAlgHint hint : kHints) {
+                PlacedVector out(sizeof(float), offset % 4 == 0 ? 0 : 3);
+                ASSERT_EQ(t.sum32f(src.as<float>(), n, out.as<float>(), hint), PrimStatusOk);
+                const float expected = static_cast<float>(Expected32f(t.tier, hint, src.data(), n));
+                ASSERT_TRUE(SameBits(out.Get<float>(0), expected))
+                    << t.name << " n=" << n << " offset=" << offset << " hint=" << hint << " got "
+                    << out.Get<float>(0) << " want " << expected;
+                ASSERT_TRUE(out.GuardsIntact());
+            }
+    });
 }
 
 TEST(SignalSum, Float64AgainstEachTierPlan) {
-    for (int32_t n : FloatLengths()) {
-        const auto values = MixedFloats<double>(n, 200 + n);
-        for (std::size_t offset : kOffsets) {
-            PlacedVector src(n * sizeof(double), offset);
-            src.Fill(values);
-            for (const SumTier& t : kTiers) {
-                PlacedVector out(sizeof(double), offset);
-                ASSERT_EQ(t.sum64f(src.as<double>(), n, out.as<double>()), PrimStatusOk);
-                const double expected = Expected64f(t.tier, src.data(), n);
-                ASSERT_TRUE(SameBits(out.Get<double>(0), expected))
-                    << t.name << " n=" << n << " offset=" << offset;
-                ASSERT_TRUE(out.GuardsIntact() && src.GuardsIntact());
-            }
+    ForEachPlacedVector<double>(1, 200, [](PlacedVector& src, int32_t n, std::size_t offset) {
+        for (const SumTier& t : kTiers) {
+            PlacedVector out(sizeof(double), offset);
+            ASSERT_EQ(t.sum64f(src.as<double>(), n, out.as<double>()), PrimStatusOk);
+            const double expected = Expected64f(t.tier, src.data(), n);
+            ASSERT_TRUE(SameBits(out.Get<double>(0), expected)) << t.name << " n=" << n << " offset=" << offset;
+            ASSERT_TRUE(out.GuardsIntact());
         }
-    }
+    });
 }
 
 TEST(SignalSum, Complex32AgainstEachTierPlan) {
-    for (int32_t n : FloatLengths()) {
-        const auto values = MixedFloats<float>(2 * std::size_t(n), 300 + n);
-        for (std::size_t offset : kOffsets) {
-            PlacedVector src(2 * n * sizeof(float), offset);
-            src.Fill(values);
-            for (const SumTier& t : kTiers)
-                for (PrimAlgHint hint : kHints) {
-                    PlacedVector out(sizeof(SigComplex32f), offset);
-                    ASSERT_EQ(t.sum32fc(src.as<SigComplex32f>(), n, out.as<SigComplex32f>(), hint), PrimStatusOk);
-                    double re, im;
-                    Expected32fc(t.tier, hint, src.data(), n, &re, &im);
-                    ASSERT_TRUE(SameBits(out.Get<float>(0), static_cast<float>(re)))
-                        << t.name << " n=" << n << " offset=" << offset << " hint=" << hint;
-                    ASSERT_TRUE(SameBits(out.Get<float>(1), static_cast<float>(im)))
-                        << t.name << " n=" << n << " offset=" << offset << " hint=" << hint;
-                    ASSERT_TRUE(out.GuardsIntact() && src.GuardsIntact());
-                }
-        }
-    }
+    ForEachPlacedVector<float>(2, 300, [](PlacedVector& src, int32_t n, std::size_t offset) {
+        for (const SumTier& t : kTiers)
+            for (PrimAlgHint hint : kHints) {
+                PlacedVector out(sizeof(SigComplex32f), offset);
+                ASSERT_EQ(t.sum32fc(src.as<SigComplex32f>(), n, out.as<SigComplex32f>(), hint), PrimStatusOk);
+                double re, im;
+                Expected32fc(t.tier, hint, src.data(), n, &re, &im);
+                ASSERT_TRUE(SameBits(out.Get<float>(0), static_cast<float>(re)))
+                    << t.name << " n=" << n << " offset=" << offset << " hint=" << hint;
+                ASSERT_TRUE(SameBits(out.Get<float>(1), static_cast<float>(im)))
+                    << t.name << " n=" << n << " offset=" << offset << " hint=" << hint;
+                ASSERT_TRUE(out.GuardsIntact());
+            }
+    });
+}
+
+// The models tell the plans apart: on the same data the tiers' plans give
+// different bits somewhere, so agreement above is not agreement by chance.
+TEST(SignalSum, PlansGiveDifferentBitsOnMixedData) {
+    int pairVsEight = 0, eightVsFast = 0, eightVsPacked = 0;
+    ForEachPlacedVector<float>(1, 500, [&](PlacedVector& src, int32_t n, std::size_t) {
+        const float px = float(Expected32f(0, PrimAlgHintFast, src.data(), n));
+        const float m6 = float(Expected32f(1, PrimAlgHintFast, src.data(), n));
+        const float w7 = float(Expected32f(3, PrimAlgHintFast, src.data(), n));
+        pairVsEight += !SameBits(px, m6);
+        eightVsFast += !SameBits(m6, w7);
+    });
+    ForEachPlacedVector<double>(1, 600, [&](PlacedVector& src, int32_t n, std::size_t) {
+        eightVsPacked += !SameBits(Expected64f(1, src.data(), n), Expected64f(3, src.data(), n));
+    });
+    EXPECT_GT(pairVsEight, 0);
+    EXPECT_GT(eightVsFast, 0);
+    EXPECT_GT(eightVsPacked, 0);
 }
 
 // The plans really differ: on data with cancellation the fast form and the
 // eight-accumulator form part in the last bits, which is what the hint allows.
 TEST(SignalSum, FastHintDiffersOnlyInRounding) {
     const int32_t n = 100000;
-    const auto values = MixedFloats<float>(n, 77);
+    const auto values = MixedFloats<float>(n, 77, false);
     float fast = 0, accurate = 0, plain = 0;
     ASSERT_EQ(w7_SigSum32f(values.data(), n, &fast, PrimAlgHintFast), PrimStatusOk);
     ASSERT_EQ(w7_SigSum32f(values.data(), n, &accurate, PrimAlgHintAccurate), PrimStatusOk);
