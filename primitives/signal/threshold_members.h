@@ -95,8 +95,27 @@ PrimStatus Replace(const Elem* src, Elem* dst, int32_t len, LevelOf<Elem> level,
 }  // namespace signal
 }  // namespace pixmoor
 
-// The ten members of one element type in one tier.  LT and GT pass their
-// direction to the tier's SigThreshold member of the same type.
+// A limit with its direction fixed: the LT and GT forms pass it to the
+// tier's SigThreshold member of the same type.
+#define PIXMOOR_THRESHOLD_DIRECTED(prefix, kind, sfx, Elem, Level, relOp)                            \
+    PrimStatus prefix##SigThreshold##kind##sfx##I(Elem* v, int32_t len, Level level) {               \
+        return prefix##SigThreshold##sfx##I(v, len, level, relOp);                                   \
+    }                                                                                                \
+    PrimStatus prefix##SigThreshold##kind##sfx(const Elem* src, Elem* dst, int32_t len, Level level) { \
+        return prefix##SigThreshold##sfx(src, dst, len, level, relOp);                               \
+    }
+
+// A replacement kind, in place and to a destination.
+#define PIXMOOR_THRESHOLD_REPLACING(prefix, kind, sfx, Elem, Level, above)                           \
+    PrimStatus prefix##SigThreshold##kind##sfx##I(Elem* v, int32_t len, Level level, Elem value) {   \
+        return pixmoor::signal::Replace<above>(v, v, len, level, value);                             \
+    }                                                                                                \
+    PrimStatus prefix##SigThreshold##kind##sfx(const Elem* src, Elem* dst, int32_t len, Level level, \
+                                               Elem value) {                                         \
+        return pixmoor::signal::Replace<above>(src, dst, len, level, value);                         \
+    }
+
+// The ten members of one element type in one tier.
 #define PIXMOOR_THRESHOLD_TYPE(prefix, tier, sfx, Elem, Level)                                        \
     PrimStatus prefix##SigThreshold##sfx##I(Elem* v, int32_t len, Level level, SigCmpOp relOp) {     \
         return pixmoor::signal::Limit<tier, true>(v, v, len, level, relOp);                          \
@@ -105,32 +124,10 @@ PrimStatus Replace(const Elem* src, Elem* dst, int32_t len, LevelOf<Elem> level,
                                          SigCmpOp relOp) {                                           \
         return pixmoor::signal::Limit<tier, false>(src, dst, len, level, relOp);                     \
     }                                                                                                \
-    PrimStatus prefix##SigThresholdLT##sfx##I(Elem* v, int32_t len, Level level) {                   \
-        return prefix##SigThreshold##sfx##I(v, len, level, SigCmpLT);                                \
-    }                                                                                                \
-    PrimStatus prefix##SigThresholdLT##sfx(const Elem* src, Elem* dst, int32_t len, Level level) {   \
-        return prefix##SigThreshold##sfx(src, dst, len, level, SigCmpLT);                            \
-    }                                                                                                \
-    PrimStatus prefix##SigThresholdGT##sfx##I(Elem* v, int32_t len, Level level) {                   \
-        return prefix##SigThreshold##sfx##I(v, len, level, SigCmpGT);                                \
-    }                                                                                                \
-    PrimStatus prefix##SigThresholdGT##sfx(const Elem* src, Elem* dst, int32_t len, Level level) {   \
-        return prefix##SigThreshold##sfx(src, dst, len, level, SigCmpGT);                            \
-    }                                                                                                \
-    PrimStatus prefix##SigThresholdLTVal##sfx##I(Elem* v, int32_t len, Level level, Elem value) {    \
-        return pixmoor::signal::Replace<false>(v, v, len, level, value);                             \
-    }                                                                                                \
-    PrimStatus prefix##SigThresholdLTVal##sfx(const Elem* src, Elem* dst, int32_t len, Level level,  \
-                                              Elem value) {                                          \
-        return pixmoor::signal::Replace<false>(src, dst, len, level, value);                         \
-    }                                                                                                \
-    PrimStatus prefix##SigThresholdGTVal##sfx##I(Elem* v, int32_t len, Level level, Elem value) {    \
-        return pixmoor::signal::Replace<true>(v, v, len, level, value);                              \
-    }                                                                                                \
-    PrimStatus prefix##SigThresholdGTVal##sfx(const Elem* src, Elem* dst, int32_t len, Level level,  \
-                                              Elem value) {                                          \
-        return pixmoor::signal::Replace<true>(src, dst, len, level, value);                          \
-    }
+    PIXMOOR_THRESHOLD_DIRECTED(prefix, LT, sfx, Elem, Level, SigCmpLT)                               \
+    PIXMOOR_THRESHOLD_DIRECTED(prefix, GT, sfx, Elem, Level, SigCmpGT)                               \
+    PIXMOOR_THRESHOLD_REPLACING(prefix, LTVal, sfx, Elem, Level, false)                              \
+    PIXMOOR_THRESHOLD_REPLACING(prefix, GTVal, sfx, Elem, Level, true)
 
 // The sixty members of one tier.
 #define PIXMOOR_THRESHOLD_TIER(prefix, tier)                                \
