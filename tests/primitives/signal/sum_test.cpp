@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "primitives/signal/sum_kernels.h"
 #include "signal_test_support.h"
 
 using namespace signal_test;
@@ -435,6 +436,25 @@ TEST(SignalSum, ScaleFactor48MayNotGiveZero) {
         EXPECT_EQ(SumOf(t, -32768, n, 36), -1) << t.name;
         EXPECT_EQ(SumOf(t, -32768, n, 37), 0) << t.name;   // -0.5 ties to even 0
         EXPECT_EQ(SumOf(t, -32768, n, 48), 0) << t.name;
+    }
+}
+
+// The scale step on totals that no 16-bit vector of this size can reach:
+// 48 is the last factor that still rounds, so 0.5 ties to 0 but 0.75 gives 1.
+TEST(SignalSum, ScaleStepOnLargeTotals) {
+    using pixmoor::signal::ScaleSum;
+    const int64_t two47 = int64_t{1} << 47;
+    EXPECT_EQ(ScaleSum(two47, 48), 0);
+    EXPECT_EQ(ScaleSum(3 * (two47 / 2), 48), 1);
+    EXPECT_EQ(ScaleSum(-3 * (two47 / 2), 48), -1);
+    EXPECT_EQ(ScaleSum(3 * two47, 48), 2);      // 1.5 ties to 2
+    EXPECT_EQ(ScaleSum(3 * two47, 49), 0);
+    EXPECT_EQ(ScaleSum(INT64_C(1) << 62, 48), 16384);
+    std::mt19937_64 rng(11);
+    for (int i = 0; i < 200000; ++i) {
+        const int64_t total = static_cast<int64_t>(rng()) >> (1 + rng() % 62);  // within 2^62
+        const int32_t sf = static_cast<int32_t>(rng() % 100) - 50;
+        ASSERT_EQ(ScaleSum(total, sf), ModelScale(total, sf)) << total << " " << sf;
     }
 }
 
