@@ -129,23 +129,23 @@ PrimStatus Sum16sc(const SigComplex16s* src, int32_t len, SigComplex16s* sum, in
 #define PIXMOOR_SUM_ENTRY(prefix, tier, name, impl, params, args) \
     PrimStatus prefix##name params { return pixmoor::signal::impl<tier> args; }
 
-#define PIXMOOR_SUM_TIER(prefix, tier)                                                                       \
-    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum32f, Sum32f,                                                       \
-                      (const float* src, int32_t len, float* sum, PrimAlgHint hint), (src, len, sum, hint))  \
-    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum64f, Sum64f, (const double* src, int32_t len, double* sum),        \
-                      (src, len, sum))                                                                       \
-    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum32fc, Sum32fc,                                                     \
-                      (const SigComplex32f* src, int32_t len, SigComplex32f* sum, PrimAlgHint hint),         \
-                      (src, len, sum, hint))                                                                 \
-    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum16s32sSfs, Sum16s32s,                                              \
-                      (const int16_t* src, int32_t len, int32_t* sum, int32_t sf), (src, len, sum, sf))      \
-    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum16sc32scSfs, Sum16sc32sc,                                          \
-                      (const SigComplex16s* src, int32_t len, SigComplex32s* sum, int32_t sf),               \
-                      (src, len, sum, sf))                                                                   \
-    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum16sSfs, Sum16s,                                                    \
-                      (const int16_t* src, int32_t len, int16_t* sum, int32_t sf), (src, len, sum, sf))      \
-    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum16scSfs, Sum16sc,                                                  \
-                      (const SigComplex16s* src, int32_t len, SigComplex16s* sum, int32_t sf),               \
+#define PIXMOOR_SUM_TIER(prefix, tier)                                                                      \
+    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum32f, Sum32f,                                                      \
+                      (const float* src, int32_t len, float* sum, PrimAlgHint hint), (src, len, sum, hint)) \
+    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum64f, Sum64f, (const double* src, int32_t len, double* sum),       \
+                      (src, len, sum))                                                                      \
+    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum32fc, Sum32fc,                                                    \
+                      (const SigComplex32f* src, int32_t len, SigComplex32f* sum, PrimAlgHint hint),        \
+                      (src, len, sum, hint))                                                                \
+    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum16s32sSfs, Sum16s32s,                                             \
+                      (const int16_t* src, int32_t len, int32_t* sum, int32_t sf), (src, len, sum, sf))     \
+    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum16sc32scSfs, Sum16sc32sc,                                         \
+                      (const SigComplex16s* src, int32_t len, SigComplex32s* sum, int32_t sf),              \
+                      (src, len, sum, sf))                                                                  \
+    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum16sSfs, Sum16s,                                                   \
+                      (const int16_t* src, int32_t len, int16_t* sum, int32_t sf), (src, len, sum, sf))     \
+    PIXMOOR_SUM_ENTRY(prefix, tier, SigSum16scSfs, Sum16sc,                                                 \
+                      (const SigComplex16s* src, int32_t len, SigComplex16s* sum, int32_t sf),              \
                       (src, len, sum, sf))
 
 extern "C" {
@@ -160,9 +160,9 @@ PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigSum64f, (const double* src, int32_t len, d
 PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigSum32fc,
                        (const SigComplex32f* src, int32_t len, SigComplex32f* sum, PrimAlgHint hint),
                        (src, len, sum, hint))
-#define PIXMOOR_SUM_PLAIN_SCALED(name, Src, Out)                                          \
-    PIXMOOR_DEFINE_BY_TIER(PrimStatus, name,                                               \
-                           (const Src* src, int32_t len, Out* sum, int32_t scaleFactor),   \
+#define PIXMOOR_SUM_PLAIN_SCALED(name, Src, Out)                                         \
+    PIXMOOR_DEFINE_BY_TIER(PrimStatus, name,                                             \
+                           (const Src* src, int32_t len, Out* sum, int32_t scaleFactor), \
                            (src, len, sum, scaleFactor))
 PIXMOOR_SUM_PLAIN_SCALED(SigSum16s32sSfs, int16_t, int32_t)
 PIXMOOR_SUM_PLAIN_SCALED(SigSum16sc32scSfs, SigComplex16s, SigComplex32s)

@@ -16,12 +16,15 @@ void ApplyEach(const Elem* src, Elem* dst, int32_t n, const Op& op) {
     for (int32_t i = 0; i < n; ++i) StoreAt(dst, i, op(LoadAt<Elem>(src, i)));
 }
 
-// Packed minimum (`above` set) or maximum against the level, eight floats a
-// round: when both vectors are 4-byte aligned, single steps until the
+// Packed kernels of the real float members of tiers a6 and w7, eight floats
+// a round: when both vectors are 4-byte aligned, single steps until the
 // destination reaches a 32-byte boundary, then aligned stores with a
 // prefetch 64 bytes ahead of the source; otherwise unaligned accesses from
-// the first element.  The rest goes one by one, with the same ordering.
+// the first element.  The rest goes one by one through the same operation.
+// Packed minimum (`above` set) or maximum against the level:
 void MinMaxLimit32f(const float* src, float* dst, int32_t n, float level, bool above);
+// The value for samples strictly beyond the level:
+void PackedReplace32f(const float* src, float* dst, int32_t n, float level, float value, bool above);
 
 }  // namespace signal
 }  // namespace pixmoor

@@ -2,7 +2,8 @@
 // that defines a tier's sixty members from them.  Tiers differ only in the
 // ordering of the real float limits: value comparison in px, bit patterns in
 // m6, packed minimum and maximum in a6 and w7.  Complex members, the value
-// kinds and the 16-bit members give the same results in every tier.
+// kinds (by value comparison; packed compare and select for floats in a6 and
+// w7) and the 16-bit members give the same results in every tier.
 #ifndef PIXMOOR_PRIMITIVES_SIGNAL_THRESHOLD_MEMBERS_H
 #define PIXMOOR_PRIMITIVES_SIGNAL_THRESHOLD_MEMBERS_H
 
@@ -79,11 +80,13 @@ PrimStatus Limit(const Elem* src, Elem* dst, int32_t len, LevelOf<Elem> level, S
     return PrimStatusOk;
 }
 
-template <bool kAbove, typename Elem>
+template <int kTier, bool kAbove, typename Elem>
 PrimStatus Replace(const Elem* src, Elem* dst, int32_t len, LevelOf<Elem> level, Elem value) {
     const PrimStatus status = CheckThreshold(src, dst, len, level);
     if (status != PrimStatusOk) return status;
-    if constexpr (std::is_same<Elem, SigComplex16s>::value)
+    if constexpr (std::is_same<Elem, float>::value && kTier >= PrimTierA6)
+        PackedReplace32f(src, dst, len, level, value, kAbove);
+    else if constexpr (std::is_same<Elem, SigComplex16s>::value)
         ApplyEach(src, dst, len, Complex16Replace<kAbove>(level, value));
     else if constexpr (ThresholdTraits<Elem>::kComplex)
         ApplyEach(src, dst, len, ComplexReplace<Elem, kAbove>(level, value));
@@ -97,47 +100,47 @@ PrimStatus Replace(const Elem* src, Elem* dst, int32_t len, LevelOf<Elem> level,
 
 // A limit with its direction fixed: the LT and GT forms pass it to the
 // tier's SigThreshold member of the same type.
-#define PIXMOOR_THRESHOLD_DIRECTED(prefix, kind, sfx, Elem, Level, relOp)                            \
-    PrimStatus prefix##SigThreshold##kind##sfx##I(Elem* v, int32_t len, Level level) {               \
-        return prefix##SigThreshold##sfx##I(v, len, level, relOp);                                   \
-    }                                                                                                \
+#define PIXMOOR_THRESHOLD_DIRECTED(prefix, kind, sfx, Elem, Level, relOp)                              \
+    PrimStatus prefix##SigThreshold##kind##sfx##I(Elem* v, int32_t len, Level level) {                 \
+        return prefix##SigThreshold##sfx##I(v, len, level, relOp);                                     \
+    }                                                                                                  \
     PrimStatus prefix##SigThreshold##kind##sfx(const Elem* src, Elem* dst, int32_t len, Level level) { \
-        return prefix##SigThreshold##sfx(src, dst, len, level, relOp);                               \
+        return prefix##SigThreshold##sfx(src, dst, len, level, relOp);                                 \
     }
 
 // A replacement kind, in place and to a destination.
-#define PIXMOOR_THRESHOLD_REPLACING(prefix, kind, sfx, Elem, Level, above)                           \
+#define PIXMOOR_THRESHOLD_REPLACING(prefix, tier, kind, sfx, Elem, Level, above)                     \
     PrimStatus prefix##SigThreshold##kind##sfx##I(Elem* v, int32_t len, Level level, Elem value) {   \
-        return pixmoor::signal::Replace<above>(v, v, len, level, value);                             \
+        return pixmoor::signal::Replace<tier, above>(v, v, len, level, value);                       \
     }                                                                                                \
     PrimStatus prefix##SigThreshold##kind##sfx(const Elem* src, Elem* dst, int32_t len, Level level, \
                                                Elem value) {                                         \
-        return pixmoor::signal::Replace<above>(src, dst, len, level, value);                         \
+        return pixmoor::signal::Replace<tier, above>(src, dst, len, level, value);                   \
     }
 
 // The ten members of one element type in one tier.
-#define PIXMOOR_THRESHOLD_TYPE(prefix, tier, sfx, Elem, Level)                                        \
-    PrimStatus prefix##SigThreshold##sfx##I(Elem* v, int32_t len, Level level, SigCmpOp relOp) {     \
-        return pixmoor::signal::Limit<tier, true>(v, v, len, level, relOp);                          \
-    }                                                                                                \
-    PrimStatus prefix##SigThreshold##sfx(const Elem* src, Elem* dst, int32_t len, Level level,       \
-                                         SigCmpOp relOp) {                                           \
-        return pixmoor::signal::Limit<tier, false>(src, dst, len, level, relOp);                     \
-    }                                                                                                \
-    PIXMOOR_THRESHOLD_DIRECTED(prefix, LT, sfx, Elem, Level, SigCmpLT)                               \
-    PIXMOOR_THRESHOLD_DIRECTED(prefix, GT, sfx, Elem, Level, SigCmpGT)                               \
-    PIXMOOR_THRESHOLD_REPLACING(prefix, LTVal, sfx, Elem, Level, false)                              \
-    PIXMOOR_THRESHOLD_REPLACING(prefix, GTVal, sfx, Elem, Level, true)
+#define PIXMOOR_THRESHOLD_TYPE(prefix, tier, sfx, Elem, Level)                                   \
+    PrimStatus prefix##SigThreshold##sfx##I(Elem* v, int32_t len, Level level, SigCmpOp relOp) { \
+        return pixmoor::signal::Limit<tier, true>(v, v, len, level, relOp);                      \
+    }                                                                                            \
+    PrimStatus prefix##SigThreshold##sfx(const Elem* src, Elem* dst, int32_t len, Level level,   \
+                                         SigCmpOp relOp) {                                       \
+        return pixmoor::signal::Limit<tier, false>(src, dst, len, level, relOp);                 \
+    }                                                                                            \
+    PIXMOOR_THRESHOLD_DIRECTED(prefix, LT, sfx, Elem, Level, SigCmpLT)                           \
+    PIXMOOR_THRESHOLD_DIRECTED(prefix, GT, sfx, Elem, Level, SigCmpGT)                           \
+    PIXMOOR_THRESHOLD_REPLACING(prefix, tier, LTVal, sfx, Elem, Level, false)                    \
+    PIXMOOR_THRESHOLD_REPLACING(prefix, tier, GTVal, sfx, Elem, Level, true)
 
 // The sixty members of one tier.
-#define PIXMOOR_THRESHOLD_TIER(prefix, tier)                                \
-    extern "C" {                                                            \
-    PIXMOOR_THRESHOLD_TYPE(prefix, tier, 32f, float, float)                 \
-    PIXMOOR_THRESHOLD_TYPE(prefix, tier, 32fc, SigComplex32f, float)        \
-    PIXMOOR_THRESHOLD_TYPE(prefix, tier, 64f, double, double)               \
-    PIXMOOR_THRESHOLD_TYPE(prefix, tier, 64fc, SigComplex64f, double)       \
-    PIXMOOR_THRESHOLD_TYPE(prefix, tier, 16s, int16_t, int16_t)             \
-    PIXMOOR_THRESHOLD_TYPE(prefix, tier, 16sc, SigComplex16s, int16_t)      \
+#define PIXMOOR_THRESHOLD_TIER(prefix, tier)                           \
+    extern "C" {                                                       \
+    PIXMOOR_THRESHOLD_TYPE(prefix, tier, 32f, float, float)            \
+    PIXMOOR_THRESHOLD_TYPE(prefix, tier, 32fc, SigComplex32f, float)   \
+    PIXMOOR_THRESHOLD_TYPE(prefix, tier, 64f, double, double)          \
+    PIXMOOR_THRESHOLD_TYPE(prefix, tier, 64fc, SigComplex64f, double)  \
+    PIXMOOR_THRESHOLD_TYPE(prefix, tier, 16s, int16_t, int16_t)        \
+    PIXMOOR_THRESHOLD_TYPE(prefix, tier, 16sc, SigComplex16s, int16_t) \
     }
 
 #endif

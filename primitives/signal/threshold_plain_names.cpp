@@ -5,31 +5,31 @@
 
 #include "runtime/tier_call.h"
 
-#define PIXMOOR_THRESHOLD_PLAIN_IN_PLACE(sfx, Elem, Level)                                              \
-    PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigThreshold##sfx##I,                                            \
+#define PIXMOOR_THRESHOLD_PLAIN_IN_PLACE(sfx, Elem, Level)   \
+    PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigThreshold##sfx##I, \
                            (Elem * v, int32_t len, Level level, SigCmpOp relOp), (v, len, level, relOp))
 
-#define PIXMOOR_THRESHOLD_PLAIN_DIRECTED(kind, sfx, Elem, Level)                                        \
-    PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigThreshold##kind##sfx##I, (Elem * v, int32_t len, Level level),   \
-                           (v, len, level))                                                                \
-    PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigThreshold##kind##sfx,                                            \
+#define PIXMOOR_THRESHOLD_PLAIN_DIRECTED(kind, sfx, Elem, Level)                                         \
+    PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigThreshold##kind##sfx##I, (Elem * v, int32_t len, Level level), \
+                           (v, len, level))                                                              \
+    PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigThreshold##kind##sfx,                                          \
                            (const Elem* s, Elem* d, int32_t len, Level level), (s, d, len, level))
 
-#define PIXMOOR_THRESHOLD_PLAIN_REPLACING(kind, sfx, Elem, Level)                                       \
-    PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigThreshold##kind##sfx##I,                                      \
-                           (Elem * v, int32_t len, Level level, Elem value), (v, len, level, value))    \
-    PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigThreshold##kind##sfx,                                         \
-                           (const Elem* s, Elem* d, int32_t len, Level level, Elem value),              \
+#define PIXMOOR_THRESHOLD_PLAIN_REPLACING(kind, sfx, Elem, Level)                                    \
+    PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigThreshold##kind##sfx##I,                                   \
+                           (Elem * v, int32_t len, Level level, Elem value), (v, len, level, value)) \
+    PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigThreshold##kind##sfx,                                      \
+                           (const Elem* s, Elem* d, int32_t len, Level level, Elem value),           \
                            (s, d, len, level, value))
 
 // Every member of a type but SigThreshold<type>I.
-#define PIXMOOR_THRESHOLD_PLAIN(sfx, Elem, Level)                                                \
-    PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigThreshold##sfx,                                       \
-                           (const Elem* s, Elem* d, int32_t len, Level level, SigCmpOp relOp),  \
-                           (s, d, len, level, relOp))                                           \
-    PIXMOOR_THRESHOLD_PLAIN_DIRECTED(LT, sfx, Elem, Level)                                      \
-    PIXMOOR_THRESHOLD_PLAIN_DIRECTED(GT, sfx, Elem, Level)                                      \
-    PIXMOOR_THRESHOLD_PLAIN_REPLACING(LTVal, sfx, Elem, Level)                                  \
+#define PIXMOOR_THRESHOLD_PLAIN(sfx, Elem, Level)                                              \
+    PIXMOOR_DEFINE_BY_TIER(PrimStatus, SigThreshold##sfx,                                      \
+                           (const Elem* s, Elem* d, int32_t len, Level level, SigCmpOp relOp), \
+                           (s, d, len, level, relOp))                                          \
+    PIXMOOR_THRESHOLD_PLAIN_DIRECTED(LT, sfx, Elem, Level)                                     \
+    PIXMOOR_THRESHOLD_PLAIN_DIRECTED(GT, sfx, Elem, Level)                                     \
+    PIXMOOR_THRESHOLD_PLAIN_REPLACING(LTVal, sfx, Elem, Level)                                 \
     PIXMOOR_THRESHOLD_PLAIN_REPLACING(GTVal, sfx, Elem, Level)
 
 PIXMOOR_THRESHOLD_PLAIN(32f, float, float)

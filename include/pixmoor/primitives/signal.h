@@ -36,24 +36,24 @@ PIXMOOR_TIERED(PrimStatus, SigSum16scSfs,
 /* Threshold family: five kinds for each element type, in place (trailing I)
    and to a destination.  The level has the element's real type; the
    replacement value of the Val kinds has the element type. */
-#define PIXMOOR_SIG_THRESHOLD_MEMBERS(sfx, Elem, Level)                                      \
-    PIXMOOR_TIERED(PrimStatus, SigThreshold##sfx##I,                                         \
-                   (Elem* srcDst, int32_t len, Level level, SigCmpOp relOp));                \
-    PIXMOOR_TIERED(PrimStatus, SigThreshold##sfx,                                            \
-                   (const Elem* src, Elem* dst, int32_t len, Level level, SigCmpOp relOp));  \
+#define PIXMOOR_SIG_THRESHOLD_MEMBERS(sfx, Elem, Level)                                           \
+    PIXMOOR_TIERED(PrimStatus, SigThreshold##sfx##I,                                              \
+                   (Elem* srcDst, int32_t len, Level level, SigCmpOp relOp));                     \
+    PIXMOOR_TIERED(PrimStatus, SigThreshold##sfx,                                                 \
+                   (const Elem* src, Elem* dst, int32_t len, Level level, SigCmpOp relOp));       \
     PIXMOOR_TIERED(PrimStatus, SigThresholdLT##sfx##I, (Elem* srcDst, int32_t len, Level level)); \
-    PIXMOOR_TIERED(PrimStatus, SigThresholdLT##sfx,                                          \
-                   (const Elem* src, Elem* dst, int32_t len, Level level));                  \
+    PIXMOOR_TIERED(PrimStatus, SigThresholdLT##sfx,                                               \
+                   (const Elem* src, Elem* dst, int32_t len, Level level));                       \
     PIXMOOR_TIERED(PrimStatus, SigThresholdGT##sfx##I, (Elem* srcDst, int32_t len, Level level)); \
-    PIXMOOR_TIERED(PrimStatus, SigThresholdGT##sfx,                                          \
-                   (const Elem* src, Elem* dst, int32_t len, Level level));                  \
-    PIXMOOR_TIERED(PrimStatus, SigThresholdLTVal##sfx##I,                                    \
-                   (Elem* srcDst, int32_t len, Level level, Elem value));                    \
-    PIXMOOR_TIERED(PrimStatus, SigThresholdLTVal##sfx,                                       \
-                   (const Elem* src, Elem* dst, int32_t len, Level level, Elem value));      \
-    PIXMOOR_TIERED(PrimStatus, SigThresholdGTVal##sfx##I,                                    \
-                   (Elem* srcDst, int32_t len, Level level, Elem value));                    \
-    PIXMOOR_TIERED(PrimStatus, SigThresholdGTVal##sfx,                                       \
+    PIXMOOR_TIERED(PrimStatus, SigThresholdGT##sfx,                                               \
+                   (const Elem* src, Elem* dst, int32_t len, Level level));                       \
+    PIXMOOR_TIERED(PrimStatus, SigThresholdLTVal##sfx##I,                                         \
+                   (Elem* srcDst, int32_t len, Level level, Elem value));                         \
+    PIXMOOR_TIERED(PrimStatus, SigThresholdLTVal##sfx,                                            \
+                   (const Elem* src, Elem* dst, int32_t len, Level level, Elem value));           \
+    PIXMOOR_TIERED(PrimStatus, SigThresholdGTVal##sfx##I,                                         \
+                   (Elem* srcDst, int32_t len, Level level, Elem value));                         \
+    PIXMOOR_TIERED(PrimStatus, SigThresholdGTVal##sfx,                                            \
                    (const Elem* src, Elem* dst, int32_t len, Level level, Elem value))
 
 PIXMOOR_SIG_THRESHOLD_MEMBERS(32f, float, float);
