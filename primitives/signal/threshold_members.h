@@ -67,6 +67,8 @@ void RunLimit(const Elem* src, Elem* dst, int32_t len, LevelOf<Elem> level, bool
         ApplyDirected<Elem, PatternLimit>(src, dst, len, above, level);
     } else if constexpr (std::is_same<Elem, float>::value) {
         MinMaxLimit32f(src, dst, len, level, above);
+    } else if constexpr (kTier == PrimTierW7) {
+        MinMaxLimit64f(src, dst, len, level, above);
     } else {
         ApplyDirected<Elem, MinMaxLimit>(src, dst, len, above, level);
     }
