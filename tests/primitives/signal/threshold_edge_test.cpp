@@ -150,7 +150,7 @@ TEST(SignalThresholdEdges, InfinitiesOrderInEveryTier) {
     }
 }
 
-// Sign-bit alignment boundaries: a long vector mixing every case at each
+// Alignment boundaries: a long vector mixing every case at each
 // start offset gives the model of its tier (packed lanes, single steps and
 // the rest one by one all order alike).
 TEST(SignalThresholdEdges, PackedFormsAgreeAcrossAlignment) {
