@@ -13,8 +13,8 @@
     ROW(SigGetLibVersion)          /*  0 */ \
     ROW(SigMalloc32f)              /*  1 */ \
     ROW(SigFree)                   /*  2 */ \
-    ABSENT(SigThreshold32fI)       /*  3: signal threshold family */ \
-    ABSENT(SigSum32f)              /*  4: signal sum */ \
+    ROW(SigThreshold32fI)          /*  3: signal threshold family */ \
+    ROW(SigSum32f)                 /*  4: signal sum */ \
     ROW(SigGetStatusString)        /*  5 */ \
     ROW(ImgGetLibVersion)          /*  6 */ \
     ROW(ImgMomentStateAlloc)       /*  7: image moments */ \

@@ -1,15 +1,20 @@
 // The plain names of the dispatch rows: each a tail call through its slot.
-// Rows 3, 4, 14 and 15 get their stubs here when their families land.
+// Rows 14 and 15 get their stubs here when their families land.
 #include <pixmoor/runtime.h>
 #include <pixmoor/primitives/colour.h>
 #include <pixmoor/primitives/mirror.h>
 #include <pixmoor/primitives/moments.h>
+#include <pixmoor/primitives/signal.h>
 
 #include "runtime/dispatch.h"
 
 PIXMOOR_DISPATCH_STUB(0, const PrimVersion*, SigGetLibVersion, (void), ())
 PIXMOOR_DISPATCH_STUB(1, float*, SigMalloc32f, (int32_t count), (count))
 PIXMOOR_DISPATCH_STUB(2, void, SigFree, (void* block), (block))
+PIXMOOR_DISPATCH_STUB(3, PrimStatus, SigThreshold32fI, (float* srcDst, int32_t len, float level, SigCmpOp relOp),
+                      (srcDst, len, level, relOp))
+PIXMOOR_DISPATCH_STUB(4, PrimStatus, SigSum32f, (const float* src, int32_t len, float* sum, PrimAlgHint hint),
+                      (src, len, sum, hint))
 PIXMOOR_DISPATCH_STUB(5, const char*, SigGetStatusString, (PrimStatus status), (status))
 PIXMOOR_DISPATCH_STUB(6, const PrimVersion*, ImgGetLibVersion, (void), ())
 PIXMOOR_DISPATCH_STUB(7, PrimStatus, ImgMomentStateAlloc, (ImgMomentState** state, PrimAlgHint hint),
