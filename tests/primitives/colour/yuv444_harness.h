@@ -159,7 +159,7 @@ struct RunResult {
 };
 
 // One call of `member` through `entries` on a frame of w * h pixels.
-inline RunResult Run(Member m, const Entries& e, const std::vector<Trio>& in, int w, int h,
+inline RunResult RunMember(Member m, const Entries& e, const std::vector<Trio>& in, int w, int h,
                      const Layouting& l = Layouting(), uint32_t seed = 7) {
     Image src(yuv444_model::SourceLayout(m), w, h, l.srcPad, l.srcOffset, seed);
     Image dst(yuv444_model::DestLayout(m), w, h, l.dstPad, l.dstOffset, seed + 100);
