@@ -11,8 +11,8 @@
 // 8-bit store, so byte 3 is never touched.  The planes to planes members
 // bring each destination plane to an 8-byte boundary first.
 #include <emmintrin.h>
-#include <xmmintrin.h>
 
+#include "primitives/colour/a6_shared.h"
 #include "primitives/colour/narrow_sse2.h"
 #include "primitives/colour/tier_finish.h"
 #include "primitives/colour/yuv444_driver.h"
@@ -27,36 +27,12 @@ using narrow444::kHalfA6;
 
 struct A6 {
     static constexpr int kBlock = 8;
-    static void Touch(const uint8_t* p) { _mm_prefetch(reinterpret_cast<const char*>(p + 32), _MM_HINT_NTA); }
+    static void Touch(const uint8_t* p) { a6::Prefetch(p); }
 };
 
-// Non-temporal store of the low 8 bytes of v.
-void Stream8(uint8_t* p, __m128i v) {
-#if defined(__x86_64__) || defined(_M_X64)
-    _mm_stream_si64(reinterpret_cast<long long*>(p), _mm_cvtsi128_si64(v));
-#else
-    _mm_stream_si32(reinterpret_cast<int*>(p), _mm_cvtsi128_si32(v));
-    _mm_stream_si32(reinterpret_cast<int*>(p + 4), _mm_cvtsi128_si32(_mm_srli_epi64(v, 32)));
-#endif
-}
+VectorToRgbHalf InverseWithOddRow() { return VectorToRgbHalf{a6::LoadInverseLanes(a6::kPackedInverseLanes)}; }
 
-// Inverse factor lanes of a step, one lane per pixel 0 to 7, rows in the
-// order R from v', R from u', G from u', G from v', B from u'; the odd row
-// stands at pixels 3 and 7.
-alignas(16) const int16_t kInverseLanes[5][8] = {
-    {9339, 9339, 9339, 9339, 9339, 9339, 9339, 9339},
-    {0, 0, 0, 4, 0, 0, 0, 4},
-    {-3228, -3228, -3228, -3232, -3228, -3228, -3228, -3232},
-    {-4760, -4760, -4760, -4760, -4760, -4760, -4760, -4760},
-    {16646, 16646, 16646, 16646, 16646, 16646, 16646, 16646},
-};
-
-VectorToRgbHalf InverseWithOddRow() {
-    auto row = [](int i) { return _mm_load_si128(reinterpret_cast<const __m128i*>(kInverseLanes[i])); };
-    return VectorToRgbHalf{InverseLanes{row(0), row(1), row(2), row(3), row(4)}};
-}
-
-using RgbStore = Packed3Store<&Stream8>;
+using RgbStore = Packed3Store<&a6::Stream8>;
 using YuvStore = Packed3Store<&Store8>;
 
 void RgbToYuvRow(const uint8_t* in, uint8_t* out, int32_t n) {

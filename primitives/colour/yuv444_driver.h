@@ -27,6 +27,7 @@ struct PackedPixels {
     Sample* base;
     int32_t step;
 
+    static PackedPixels From(Sample* p, int32_t step) { return PackedPixels{p, step}; }
     Line LineAt(int32_t line) const { return colour::LineAt(base, step, line); }
 
     template <class Trio>
@@ -58,6 +59,7 @@ struct PlanePixels {
     Sample* plane[3];
     int32_t step;
 
+    static PlanePixels From(Sample* const p[3], int32_t step) { return PlanePixels{{p[0], p[1], p[2]}, step}; }
     Line LineAt(int32_t line) const {
         return Line{{colour::LineAt(plane[0], step, line), colour::LineAt(plane[1], step, line),
                      colour::LineAt(plane[2], step, line)}};

@@ -41,6 +41,9 @@ struct Frame {
         }
     }
     int32_t Step() const { return packed.empty() ? kWidth : kWidth * bpp; }
+    uint8_t* Packed() { return ptrs[0]; }
+    uint8_t* const* Planes() { return ptrs; }
+    const uint8_t* const* ConstPlanes() const { return const_cast<const uint8_t* const*>(ptrs); }
     uint8_t& At(size_t i, int k) { return packed.empty() ? planes[k][i] : packed[i * bpp + k]; }
 };
 
@@ -62,29 +65,7 @@ Stats Sweep(Member m, int tier) {
             src.At(i, 1) = static_cast<uint8_t>(t >> 8);
             src.At(i, 2) = static_cast<uint8_t>(t);
         }
-        PrimStatus s = -1;
-        switch (m) {
-            case kRgbToYuv: s = e.rgbToYuv(src.ptrs[0], src.Step(), dst.ptrs[0], dst.Step(), kWidth, kHeight); break;
-            case kRgbaToYuva: s = e.rgbaToYuva(src.ptrs[0], src.Step(), dst.ptrs[0], dst.Step(), kWidth, kHeight); break;
-            case kRgbPlanesToYuvPlanes: {
-                const uint8_t* const sp[3] = {src.ptrs[0], src.ptrs[1], src.ptrs[2]};
-                s = e.rgbPlanesToYuvPlanes(sp, src.Step(), dst.ptrs, dst.Step(), kWidth, kHeight);
-                break;
-            }
-            case kRgbToYuvPlanes: s = e.rgbToYuvPlanes(src.ptrs[0], src.Step(), dst.ptrs, dst.Step(), kWidth, kHeight); break;
-            case kYuvToRgb: s = e.yuvToRgb(src.ptrs[0], src.Step(), dst.ptrs[0], dst.Step(), kWidth, kHeight); break;
-            case kYuvaToRgba: s = e.yuvaToRgba(src.ptrs[0], src.Step(), dst.ptrs[0], dst.Step(), kWidth, kHeight); break;
-            case kYuvPlanesToRgbPlanes: {
-                const uint8_t* const sp[3] = {src.ptrs[0], src.ptrs[1], src.ptrs[2]};
-                s = e.yuvPlanesToRgbPlanes(sp, src.Step(), dst.ptrs, dst.Step(), kWidth, kHeight);
-                break;
-            }
-            case kYuvPlanesToRgb: {
-                const uint8_t* const sp[3] = {src.ptrs[0], src.ptrs[1], src.ptrs[2]};
-                s = e.yuvPlanesToRgb(sp, src.Step(), dst.ptrs[0], dst.Step(), kWidth, kHeight);
-                break;
-            }
-        }
+        const PrimStatus s = Call(m, e, src, dst, kWidth, kHeight);
         EXPECT_EQ(s, PrimStatusOk);
         for (size_t i = 0; i < n; ++i) {
             const Trio in{{src.At(i, 0), src.At(i, 1), src.At(i, 2)}};

@@ -130,7 +130,10 @@ private:
     uint8_t* ptrs_[3] = {nullptr, nullptr, nullptr};
 };
 
-inline PrimStatus Call(Member m, const Entries& e, Image& src, Image& dst, int w, int h) {
+// Calls a member on two sides that offer Packed(), Planes(), ConstPlanes()
+// and Step().
+template <class Side>
+PrimStatus Call(Member m, const Entries& e, Side& src, Side& dst, int w, int h) {
     using namespace yuv444_model;
     switch (m) {
         case kRgbToYuv: return e.rgbToYuv(src.Packed(), src.Step(), dst.Packed(), dst.Step(), w, h);

@@ -6,17 +6,20 @@
 #ifndef PIXMOOR_TESTS_PRIMITIVES_COLOUR_YUV444_MODEL_H
 #define PIXMOOR_TESTS_PRIMITIVES_COLOUR_YUV444_MODEL_H
 
-#include <algorithm>
 #include <cstdint>
+
+#include "yuv420_model.h"
 
 namespace yuv444_model {
 
-enum Tier { kPx = 0, kM6 = 1, kA6 = 2, kW7 = 3 };
-constexpr Tier kTiers[4] = {kPx, kM6, kA6, kW7};
-inline const char* TierName(int t) {
-    static const char* const names[4] = {"px", "m6", "a6", "w7"};
-    return names[t];
-}
+using yuv420_model::Clamp255;
+using yuv420_model::kA6;
+using yuv420_model::kM6;
+using yuv420_model::kPx;
+using yuv420_model::kTiers;
+using yuv420_model::kW7;
+using yuv420_model::Tier;
+using yuv420_model::TierName;
 
 enum Member {
     kRgbToYuv,
@@ -65,7 +68,6 @@ struct Trio {
 // arithmetically).
 inline int64_t FloorShift(int64_t a, int n) { return a >> n; }
 inline int MulHi(int64_t a, int64_t b) { return static_cast<int>(FloorShift(a * b, 16)); }
-inline int Clamp255(int64_t v) { return static_cast<int>(std::min<int64_t>(255, std::max<int64_t>(0, v))); }
 
 // ---- Wide arithmetic (px, m6).
 
@@ -93,20 +95,26 @@ inline Trio WideInverse(Trio yuv, bool planarSource) {
 
 // ---- Narrow forward factor sets (a6, w7).
 
-// Set L: weights at 15 fraction bits for Y, U and V rows.
-inline Trio SetL(Trio p) {
-    const int64_t r = p.s[0], g = p.s[1], b = p.s[2];
-    return Trio{{Clamp255(FloorShift(9798 * r + 19235 * g + 3736 * b, 15)),
-                 Clamp255(FloorShift(-4817 * r - 9470 * g + 14287 * b, 15) + 128),
-                 Clamp255(FloorShift(20152 * r - 16876 * g - 3277 * b, 15) + 128)}};
+// A set of three weight rows (Y, U, V) and the fraction bits of each;
+// chroma gets 128 added, everything is clamped.
+struct WeightSet {
+    int64_t w[3][3];
+    int bits[3];
+};
+inline Trio BySet(Trio p, const WeightSet& set) {
+    Trio out;
+    for (int k = 0; k < 3; ++k) {
+        const int64_t dot = set.w[k][0] * p.s[0] + set.w[k][1] * p.s[1] + set.w[k][2] * p.s[2];
+        out.s[k] = Clamp255(FloorShift(dot, set.bits[k]) + (k == 0 ? 0 : 128));
+    }
+    return out;
 }
+// Set L: all rows at 15 fraction bits.
+constexpr WeightSet kSetL = {{{9798, 19235, 3736}, {-4817, -9470, 14287}, {20152, -16876, -3277}}, {15, 15, 15}};
 // Set M: luma at 16 fraction bits (38469 read unsigned), chroma at 15.
-inline Trio SetM(Trio p) {
-    const int64_t r = p.s[0], g = p.s[1], b = p.s[2];
-    return Trio{{Clamp255(FloorShift(19595 * r + 38469 * g + 7471 * b, 16)),
-                 Clamp255(FloorShift(-4816 * r - 9469 * g + 14286 * b, 15) + 128),
-                 Clamp255(FloorShift(20152 * r - 16875 * g - 3276 * b, 15) + 128)}};
-}
+constexpr WeightSet kSetM = {{{19595, 38469, 7471}, {-4816, -9469, 14286}, {20152, -16875, -3276}}, {16, 15, 15}};
+inline Trio SetL(Trio p) { return BySet(p, kSetL); }
+inline Trio SetM(Trio p) { return BySet(p, kSetM); }
 // Set D: D = (9798 R + 19235 G + 3736 B) >> 14, luma with one fraction bit;
 // Y = D >> 1; U = mulhi(2B - D, 16121) + 128, V = mulhi(2R - D, 28737) + 128.
 inline Trio SetD(Trio p) {
