@@ -8,7 +8,7 @@
 #include <cstdint>
 
 #include "primitives/colour/image_layouts.h"
-#include "primitives/colour/yuv420_driver.h"
+#include "primitives/colour/yuv420_driver.h"  // TierFinish
 
 namespace pixmoor::colour {
 
