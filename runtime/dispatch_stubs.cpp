@@ -1,5 +1,5 @@
 // The plain names of the dispatch rows: each a tail call through its slot.
-// Rows 14 and 15 get their stubs here when their families land.
+// Row 15 gets its stub here when its family lands.
 #include <pixmoor/runtime.h>
 #include <pixmoor/primitives/colour.h>
 #include <pixmoor/primitives/mirror.h>
@@ -37,7 +37,10 @@ PIXMOOR_DISPATCH_STUB(13, PrimStatus, ImgYUV420ToRGB_Step,
                       (const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst, int32_t dstStep,
                        int32_t width, int32_t height),
                       (src, srcStep, dst, dstStep, width, height))
-PIXMOOR_DISPATCH_STUB(14, PrimStatus, ImgYUVAToRGBA, (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width, int32_t height), (src, srcStep, dst, dstStep, width, height))
+PIXMOOR_DISPATCH_STUB(14, PrimStatus, ImgYUVAToRGBA,
+                      (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width,
+                       int32_t height),
+                      (src, srcStep, dst, dstStep, width, height))
 PIXMOOR_DISPATCH_STUB(16, PrimStatus, ImgMirror8uC3I,
                       (uint8_t* srcDst, int32_t step, int32_t width, int32_t height, MirrorAxis axis),
                       (srcDst, step, width, height, axis))
