@@ -32,6 +32,10 @@ PIXMOOR_DISPATCH_STUB(13, PrimStatus, ImgYUV420ToRGB_Step,
                       (const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst, int32_t dstStep,
                        int32_t width, int32_t height),
                       (src, srcStep, dst, dstStep, width, height))
+PIXMOOR_DISPATCH_STUB(15, PrimStatus, ImgYUV422ToRGB,
+                      (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width,
+                       int32_t height),
+                      (src, srcStep, dst, dstStep, width, height))
 PIXMOOR_DISPATCH_STUB(16, PrimStatus, ImgMirror8uC3I,
                       (uint8_t* srcDst, int32_t step, int32_t width, int32_t height, MirrorAxis axis),
                       (srcDst, step, width, height, axis))
