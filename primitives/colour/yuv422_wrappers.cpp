@@ -132,7 +132,7 @@ PrimStatus Yuv422PlanesToRgbPlanes(const Yuv422Rows& rows, const uint8_t* const 
 
 using namespace pixmoor::colour;
 
-// Parameter lists of the member shapes.
+// Parameter lists of the member shapes, and their argument lists.
 #define PIXMOOR_422_PACKED_TO_PACKED \
     (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width, int32_t height)
 #define PIXMOOR_422_PACKED_TO_PLANES                                                        \
@@ -154,47 +154,33 @@ using namespace pixmoor::colour;
 #define PIXMOOR_422_PLANES_TO_PLANES_COMPACT \
     (const uint8_t* const src[3], uint8_t* const dst[3], int32_t width, int32_t height)
 
-#define PIXMOOR_422_STEP_ARGS (src, srcStep, dst, dstStep, width, height)
-#define PIXMOOR_422_COMPACT_ARGS (src, dst, width, height)
+#define PIXMOOR_422_STEP_ARGS src, srcStep, dst, dstStep, width, height
+#define PIXMOOR_422_COMPACT_ARGS src, dst, width, height
 
-PIXMOOR_COLOUR_TIER_ENTRIES(ImgYUV422ToRGB, Yuv422ToRgb, kYuv422Rows, PIXMOOR_422_PACKED_TO_PACKED,
-                            (tierRows, src, srcStep, dst, dstStep, width, height))
-PIXMOOR_COLOUR_TIER_ENTRIES(ImgRGBToYUV422Planes_Step, RgbToYuv422PlanesStep, kYuv422Rows,
-                            PIXMOOR_422_PACKED_TO_PLANES,
-                            (tierRows, src, srcStep, dst, dstStep, width, height))
-PIXMOOR_COLOUR_TIER_ENTRIES(ImgRGBToYUV422Planes, RgbToYuv422Planes, kYuv422Rows,
-                            PIXMOOR_422_PACKED_TO_PLANES_COMPACT, (tierRows, src, dst, width, height))
-PIXMOOR_COLOUR_TIER_ENTRIES(ImgYUV422PlanesToRGB_Step, Yuv422PlanesToRgbStep, kYuv422Rows,
-                            PIXMOOR_422_PLANES_TO_PACKED,
-                            (tierRows, src, srcStep, dst, dstStep, width, height))
-PIXMOOR_COLOUR_TIER_ENTRIES(ImgYUV422PlanesToRGB, Yuv422PlanesToRgb, kYuv422Rows,
-                            PIXMOOR_422_PLANES_TO_PACKED_COMPACT, (tierRows, src, dst, width, height))
-PIXMOOR_COLOUR_TIER_ENTRIES(ImgRGBPlanesToYUV422Planes_Step, RgbPlanesToYuv422PlanesStep, kYuv422Rows,
-                            PIXMOOR_422_FULL_PLANES_TO_PLANES,
-                            (tierRows, src, srcStep, dst, dstStep, width, height))
-PIXMOOR_COLOUR_TIER_ENTRIES(ImgRGBPlanesToYUV422Planes, RgbPlanesToYuv422Planes, kYuv422Rows,
-                            PIXMOOR_422_PLANES_TO_PLANES_COMPACT, (tierRows, src, dst, width, height))
-PIXMOOR_COLOUR_TIER_ENTRIES(ImgYUV422PlanesToRGBPlanes_Step, Yuv422PlanesToRgbPlanesStep, kYuv422Rows,
-                            PIXMOOR_422_PLANES_TO_FULL_PLANES,
-                            (tierRows, src, srcStep, dst, dstStep, width, height))
-PIXMOOR_COLOUR_TIER_ENTRIES(ImgYUV422PlanesToRGBPlanes, Yuv422PlanesToRgbPlanes, kYuv422Rows,
-                            PIXMOOR_422_PLANES_TO_PLANES_COMPACT, (tierRows, src, dst, width, height))
+// The four tier entries of a member, and its plain name when it stands in
+// no dispatch row.
+#define PIXMOOR_422_TIER_ENTRIES(name, impl, params, ...) \
+    PIXMOOR_COLOUR_TIER_ENTRIES(name, impl, kYuv422Rows, params, (tierRows, __VA_ARGS__))
+#define PIXMOOR_422_MEMBER(name, impl, params, ...)             \
+    PIXMOOR_422_TIER_ENTRIES(name, impl, params, __VA_ARGS__) \
+    PIXMOOR_DEFINE_BY_TIER(PrimStatus, name, params, (__VA_ARGS__))
 
-// Plain names of the members that stand in no dispatch row.
-// ImgYUV422ToRGB is a dispatch stub of the runtime.
-PIXMOOR_DEFINE_BY_TIER(PrimStatus, ImgRGBToYUV422Planes_Step, PIXMOOR_422_PACKED_TO_PLANES,
-                       PIXMOOR_422_STEP_ARGS)
-PIXMOOR_DEFINE_BY_TIER(PrimStatus, ImgRGBToYUV422Planes, PIXMOOR_422_PACKED_TO_PLANES_COMPACT,
-                       PIXMOOR_422_COMPACT_ARGS)
-PIXMOOR_DEFINE_BY_TIER(PrimStatus, ImgYUV422PlanesToRGB_Step, PIXMOOR_422_PLANES_TO_PACKED,
-                       PIXMOOR_422_STEP_ARGS)
-PIXMOOR_DEFINE_BY_TIER(PrimStatus, ImgYUV422PlanesToRGB, PIXMOOR_422_PLANES_TO_PACKED_COMPACT,
-                       PIXMOOR_422_COMPACT_ARGS)
-PIXMOOR_DEFINE_BY_TIER(PrimStatus, ImgRGBPlanesToYUV422Planes_Step, PIXMOOR_422_FULL_PLANES_TO_PLANES,
-                       PIXMOOR_422_STEP_ARGS)
-PIXMOOR_DEFINE_BY_TIER(PrimStatus, ImgRGBPlanesToYUV422Planes, PIXMOOR_422_PLANES_TO_PLANES_COMPACT,
-                       PIXMOOR_422_COMPACT_ARGS)
-PIXMOOR_DEFINE_BY_TIER(PrimStatus, ImgYUV422PlanesToRGBPlanes_Step, PIXMOOR_422_PLANES_TO_FULL_PLANES,
-                       PIXMOOR_422_STEP_ARGS)
-PIXMOOR_DEFINE_BY_TIER(PrimStatus, ImgYUV422PlanesToRGBPlanes, PIXMOOR_422_PLANES_TO_PLANES_COMPACT,
-                       PIXMOOR_422_COMPACT_ARGS)
+// ImgYUV422ToRGB is dispatch row 15: its plain name is a stub of the runtime.
+PIXMOOR_422_TIER_ENTRIES(ImgYUV422ToRGB, Yuv422ToRgb, PIXMOOR_422_PACKED_TO_PACKED, PIXMOOR_422_STEP_ARGS)
+
+PIXMOOR_422_MEMBER(ImgRGBToYUV422Planes_Step, RgbToYuv422PlanesStep, PIXMOOR_422_PACKED_TO_PLANES,
+                   PIXMOOR_422_STEP_ARGS)
+PIXMOOR_422_MEMBER(ImgRGBToYUV422Planes, RgbToYuv422Planes, PIXMOOR_422_PACKED_TO_PLANES_COMPACT,
+                   PIXMOOR_422_COMPACT_ARGS)
+PIXMOOR_422_MEMBER(ImgYUV422PlanesToRGB_Step, Yuv422PlanesToRgbStep, PIXMOOR_422_PLANES_TO_PACKED,
+                   PIXMOOR_422_STEP_ARGS)
+PIXMOOR_422_MEMBER(ImgYUV422PlanesToRGB, Yuv422PlanesToRgb, PIXMOOR_422_PLANES_TO_PACKED_COMPACT,
+                   PIXMOOR_422_COMPACT_ARGS)
+PIXMOOR_422_MEMBER(ImgRGBPlanesToYUV422Planes_Step, RgbPlanesToYuv422PlanesStep, PIXMOOR_422_FULL_PLANES_TO_PLANES,
+                   PIXMOOR_422_STEP_ARGS)
+PIXMOOR_422_MEMBER(ImgRGBPlanesToYUV422Planes, RgbPlanesToYuv422Planes, PIXMOOR_422_PLANES_TO_PLANES_COMPACT,
+                   PIXMOOR_422_COMPACT_ARGS)
+PIXMOOR_422_MEMBER(ImgYUV422PlanesToRGBPlanes_Step, Yuv422PlanesToRgbPlanesStep, PIXMOOR_422_PLANES_TO_FULL_PLANES,
+                   PIXMOOR_422_STEP_ARGS)
+PIXMOOR_422_MEMBER(ImgYUV422PlanesToRGBPlanes, Yuv422PlanesToRgbPlanes, PIXMOOR_422_PLANES_TO_PLANES_COMPACT,
+                   PIXMOOR_422_COMPACT_ARGS)

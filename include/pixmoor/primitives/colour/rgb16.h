@@ -25,24 +25,20 @@
 
 PIXMOOR_EXTERN_C_BEGIN
 
-PIXMOOR_TIERED(PrimStatus, ImgYUV420ToRGB565,
-               (const uint8_t* const src[3], const int32_t srcStep[3], uint16_t* dst,
-                int32_t dstStep, int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgYUV420ToBGR565,
-               (const uint8_t* const src[3], const int32_t srcStep[3], uint16_t* dst,
-                int32_t dstStep, int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgYUV420ToRGB555,
-               (const uint8_t* const src[3], const int32_t srcStep[3], uint16_t* dst,
-                int32_t dstStep, int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgYUV420ToBGR555,
-               (const uint8_t* const src[3], const int32_t srcStep[3], uint16_t* dst,
-                int32_t dstStep, int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgYUV420ToRGB444,
-               (const uint8_t* const src[3], const int32_t srcStep[3], uint16_t* dst,
-                int32_t dstStep, int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgYUV420ToBGR444,
-               (const uint8_t* const src[3], const int32_t srcStep[3], uint16_t* dst,
-                int32_t dstStep, int32_t width, int32_t height));
+/* All six members take the same arguments. */
+#define PIXMOOR_YUV420_TO_RGB16(name)                                                   \
+    PIXMOOR_TIERED(PrimStatus, name,                                                    \
+                   (const uint8_t* const src[3], const int32_t srcStep[3], uint16_t* dst, \
+                    int32_t dstStep, int32_t width, int32_t height))
+
+PIXMOOR_YUV420_TO_RGB16(ImgYUV420ToRGB565);
+PIXMOOR_YUV420_TO_RGB16(ImgYUV420ToBGR565);
+PIXMOOR_YUV420_TO_RGB16(ImgYUV420ToRGB555);
+PIXMOOR_YUV420_TO_RGB16(ImgYUV420ToBGR555);
+PIXMOOR_YUV420_TO_RGB16(ImgYUV420ToRGB444);
+PIXMOOR_YUV420_TO_RGB16(ImgYUV420ToBGR444);
+
+#undef PIXMOOR_YUV420_TO_RGB16
 
 PIXMOOR_EXTERN_C_END
 
