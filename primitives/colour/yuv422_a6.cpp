@@ -16,15 +16,10 @@
 namespace pixmoor::colour {
 namespace {
 
-// Non-temporal store of the low 8 bytes of v.
-void Stream8(uint8_t* p, __m128i v) {
-#if defined(__x86_64__) || defined(_M_X64)
-    _mm_stream_si64(reinterpret_cast<long long*>(p), _mm_cvtsi128_si64(v));
-#else
-    _mm_stream_si32(reinterpret_cast<int*>(p), _mm_cvtsi128_si32(v));
-    _mm_stream_si32(reinterpret_cast<int*>(p + 4), _mm_cvtsi128_si32(_mm_srli_epi64(v, 32)));
-#endif
-}
+// Non-temporal 8-byte store of the low half of v, through a 64-bit vector
+// register; FinishA6 clears the multimedia state and fences after the last
+// row.
+void Stream8(uint8_t* p, __m128i v) { _mm_stream_pi(reinterpret_cast<__m64*>(p), _mm_movepi64_pi64(v)); }
 
 struct A6 {
     static constexpr int kForwardStep = 8;
