@@ -104,6 +104,14 @@ void Pairs(const Yuv420Lines<const uint8_t>& in, typename Rgb16Out<Word>::Line t
     }
 }
 
+// The whole line pair in plain code: the portable form of the vector
+// tiers' kernel.
+template <class Word>
+void Kernel(const Yuv420Lines<const uint8_t>& in, typename Rgb16Out<Word>::Line top,
+            typename Rgb16Out<Word>::Line bottom, int32_t pairs) {
+    Pairs<Word>(in, top, bottom, 0, pairs);
+}
+
 }  // namespace narrow16
 }  // namespace pixmoor::colour
 

@@ -3,17 +3,25 @@
 // pixels a step, then pairs and a lone last pixel in the same arithmetic.
 // Each step prefetches 32 bytes ahead on every source line; packed RGB goes
 // out through non-temporal 8-byte stores, which the driver fences after the
-// last row.
+// last row.  Without the vectors the tier runs the same arithmetic in plain
+// code.
+#include "primitives/colour/tier_finish.h"
+#include "primitives/colour/yuv422_arith.h"
+#include "primitives/colour/yuv422_rows.h"
+
+#ifdef PIXMOOR_HAVE_SSE2
 #include <emmintrin.h>
 #include <xmmintrin.h>
 
 #include "primitives/colour/narrow_sse2.h"
-#include "primitives/colour/tier_finish.h"
-#include "primitives/colour/yuv422_arith.h"
-#include "primitives/colour/yuv422_rows.h"
 #include "primitives/colour/yuv422_sse2.h"
+#else
+#include "primitives/colour/yuv422_plain_sets.h"
+#endif
 
 namespace pixmoor::colour {
+
+#ifdef PIXMOOR_HAVE_SSE2
 namespace {
 
 // Non-temporal 8-byte store of the low half of v, through a 64-bit vector
@@ -37,5 +45,9 @@ struct A6 {
 }  // namespace
 
 const Yuv422Rows kYuv422RowsA6 = yuv422_sse2::MakeRows<A6>(&FinishA6);
+#else
+const Yuv422Rows kYuv422RowsA6 =
+    yuv422::MakePlainRows<yuv422::NarrowForward, yuv422::NarrowInverse, yuv422::NarrowInverse>(&FinishA6);
+#endif
 
 }  // namespace pixmoor::colour

@@ -2,7 +2,7 @@
 // through the tier's table.
 #include "primitives/colour/clamp_table.h"
 #include "primitives/colour/tier_finish.h"
-#include "primitives/colour/yuv422_wide_rows.h"
+#include "primitives/colour/yuv422_plain_sets.h"
 
 namespace pixmoor::colour {
 

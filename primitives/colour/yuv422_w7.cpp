@@ -3,16 +3,22 @@
 // then pairs and a lone last pixel.  Inverse: 8 pixels (16 bytes of packed
 // 4:2:2) a step while below width AND NOT 7, then pairs; the lone last
 // pixel of packed 4:2:2 is reckoned in plain code at 13 fraction bits.
-// No load or store needs alignment.
-#include <emmintrin.h>
-
-#include "primitives/colour/narrow_sse2.h"
+// No load or store needs alignment.  Without the vectors the tier runs the
+// same arithmetic in plain code.
 #include "primitives/colour/tier_finish.h"
 #include "primitives/colour/yuv422_arith.h"
 #include "primitives/colour/yuv422_rows.h"
+
+#ifdef PIXMOOR_HAVE_SSE2
+#include "primitives/colour/narrow_sse2.h"
 #include "primitives/colour/yuv422_sse2.h"
+#else
+#include "primitives/colour/yuv422_plain_sets.h"
+#endif
 
 namespace pixmoor::colour {
+
+#ifdef PIXMOOR_HAVE_SSE2
 namespace {
 
 struct W7 {
@@ -30,5 +36,9 @@ struct W7 {
 }  // namespace
 
 const Yuv422Rows kYuv422RowsW7 = yuv422_sse2::MakeRows<W7>(&FinishW7);
+#else
+const Yuv422Rows kYuv422RowsW7 =
+    yuv422::MakePlainRows<yuv422::NarrowForward, yuv422::NarrowInverseLone13, yuv422::NarrowInverse>(&FinishW7);
+#endif
 
 }  // namespace pixmoor::colour
