@@ -64,18 +64,29 @@ struct NarrowForward {
     }
 };
 
+// Inverse policies: Pair gives the two pixels of a chroma pair, Lone the
+// lone last pixel of an odd count.
+
+// The chroma products are taken once a pair and serve both its pixels.
 template <const ClampTable& Clamp>
 struct WideInverse {
-    static Rgb Pixel(int32_t y, int32_t u, int32_t v) { return wide::ToRgb(Clamp, y, wide::Terms(u, v)); }
-    static Rgb Lone(int32_t y, int32_t u, int32_t v) { return Pixel(y, u, v); }
+    static void Pair(int32_t y0, int32_t y1, int32_t u, int32_t v, Rgb* first, Rgb* second) {
+        const wide::ChromaTerms t = wide::Terms(u, v);
+        *first = wide::ToRgb(Clamp, y0, t);
+        *second = wide::ToRgb(Clamp, y1, t);
+    }
+    static Rgb Lone(int32_t y, int32_t u, int32_t v) { return wide::ToRgb(Clamp, y, wide::Terms(u, v)); }
 };
 
 // The narrow inverse factors of the 4:2:2 kernels, both vector tiers.
 constexpr narrow::InverseFactors kInverse = {9338, 0, -3227, -4759, 16645};
 
 struct NarrowInverse {
-    static Rgb Pixel(int32_t y, int32_t u, int32_t v) { return narrow::ToRgb(y, u, v, kInverse); }
-    static Rgb Lone(int32_t y, int32_t u, int32_t v) { return Pixel(y, u, v); }
+    static void Pair(int32_t y0, int32_t y1, int32_t u, int32_t v, Rgb* first, Rgb* second) {
+        *first = narrow::ToRgb(y0, u, v, kInverse);
+        *second = narrow::ToRgb(y1, u, v, kInverse);
+    }
+    static Rgb Lone(int32_t y, int32_t u, int32_t v) { return narrow::ToRgb(y, u, v, kInverse); }
 };
 
 // The lone pixel at 13 fraction bits: the same factors on u and v lowered
@@ -89,8 +100,7 @@ inline Rgb Inverse13(int32_t y, int32_t u, int32_t v) {
                narrow::Saturate((y13 + kInverse.bu * du) >> 13)};
 }
 
-struct NarrowInverseLone13 {
-    static Rgb Pixel(int32_t y, int32_t u, int32_t v) { return NarrowInverse::Pixel(y, u, v); }
+struct NarrowInverseLone13 : NarrowInverse {
     static Rgb Lone(int32_t y, int32_t u, int32_t v) { return Inverse13(y, u, v); }
 };
 

@@ -27,8 +27,10 @@ void FromYuv422From(typename In::Line in, typename Out::Line out, int32_t fromPa
     const int32_t pairs = count >> 1;
     for (int32_t j = fromPair; j < pairs; ++j) {
         const Yuv422Pair p = In::Pair(in, j);
-        Out::Store(out, 2 * j, Arith::Pixel(p.y0, p.u, p.v));
-        Out::Store(out, 2 * j + 1, Arith::Pixel(p.y1, p.u, p.v));
+        Rgb first, second;
+        Arith::Pair(p.y0, p.y1, p.u, p.v, &first, &second);
+        Out::Store(out, 2 * j, first);
+        Out::Store(out, 2 * j + 1, second);
     }
     if (count & 1) {
         const Yuv422Pair p = In::Lone(in, count - 1);

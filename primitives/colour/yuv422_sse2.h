@@ -9,7 +9,7 @@
 // A Tier policy provides:
 //   static constexpr int kForwardStep;                 16 or 8
 //   static void Prefetch(const uint8_t* p);            ahead of a source line
-//   static void StoreRgb24(uint8_t* p, const sse2::RgbBytes& c);
+//   static void StoreRgb24(uint8_t* p, sse2::RgbBytes c);
 //       8 pixels of interleaved R, G, B, 24 bytes
 //   using LoneInverse;                                 the packed 4:2:2 lone pixel
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_YUV422_SSE2_H
