@@ -5,19 +5,7 @@
 // out through non-temporal 8-byte stores, which the driver fences after the
 // last row.  Without the vectors the tier runs the same arithmetic in plain
 // code.
-#include "primitives/colour/tier_finish.h"
-#include "primitives/colour/yuv422_arith.h"
-#include "primitives/colour/yuv422_rows.h"
-
-#ifdef PIXMOOR_HAVE_SSE2
-#include <emmintrin.h>
-#include <xmmintrin.h>
-
-#include "primitives/colour/narrow_sse2.h"
-#include "primitives/colour/yuv422_sse2.h"
-#else
-#include "primitives/colour/yuv422_plain_sets.h"
-#endif
+#include "primitives/colour/yuv422_vector_tier.h"
 
 namespace pixmoor::colour {
 

@@ -5,16 +5,7 @@
 // pixel of packed 4:2:2 is reckoned in plain code at 13 fraction bits.
 // No load or store needs alignment.  Without the vectors the tier runs the
 // same arithmetic in plain code.
-#include "primitives/colour/tier_finish.h"
-#include "primitives/colour/yuv422_arith.h"
-#include "primitives/colour/yuv422_rows.h"
-
-#ifdef PIXMOOR_HAVE_SSE2
-#include "primitives/colour/narrow_sse2.h"
-#include "primitives/colour/yuv422_sse2.h"
-#else
-#include "primitives/colour/yuv422_plain_sets.h"
-#endif
+#include "primitives/colour/yuv422_vector_tier.h"
 
 namespace pixmoor::colour {
 
