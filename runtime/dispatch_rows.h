@@ -25,7 +25,7 @@
     ROW(ImgYUV420ToRGB)            /* 12: colour primitives */ \
     ROW(ImgYUV420ToRGB_Step)       /* 13: colour primitives */ \
     ROW(ImgYUVAToRGBA)             /* 14: colour primitives */ \
-    ABSENT(ImgYUV422ToRGB)         /* 15: colour primitives */ \
+    ROW(ImgYUV422ToRGB)            /* 15: colour primitives */ \
     ROW(ImgMirror8uC3I)            /* 16 */ \
     ROW(ImgMirror8uC3)             /* 17 */ \
     ROW(ImgMirror8uAC4I)           /* 18 */

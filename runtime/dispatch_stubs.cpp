@@ -1,5 +1,4 @@
 // The plain names of the dispatch rows: each a tail call through its slot.
-// Row 15 gets its stub here when its family lands.
 #include <pixmoor/runtime.h>
 #include <pixmoor/primitives/colour.h>
 #include <pixmoor/primitives/mirror.h>
@@ -38,6 +37,10 @@ PIXMOOR_DISPATCH_STUB(13, PrimStatus, ImgYUV420ToRGB_Step,
                        int32_t width, int32_t height),
                       (src, srcStep, dst, dstStep, width, height))
 PIXMOOR_DISPATCH_STUB(14, PrimStatus, ImgYUVAToRGBA,
+                      (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width,
+                       int32_t height),
+                      (src, srcStep, dst, dstStep, width, height))
+PIXMOOR_DISPATCH_STUB(15, PrimStatus, ImgYUV422ToRGB,
                       (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width,
                        int32_t height),
                       (src, srcStep, dst, dstStep, width, height))

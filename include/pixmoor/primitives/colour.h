@@ -6,5 +6,7 @@
 
 #include <pixmoor/primitives/colour/yuv420.h>
 #include <pixmoor/primitives/colour/yuv444.h>
+#include <pixmoor/primitives/colour/rgb16.h>
+#include <pixmoor/primitives/colour/yuv422.h>
 
 #endif
