@@ -8,9 +8,7 @@
 // scalar model for its tier.
 #include <pixmoor/pixmoor.h>
 
-#include <memory>
-
-#include "fuzz_support.h"
+#include "image_planes.h"
 #include "tests/primitives/colour/yuv420_model.h"
 
 using namespace pixmoor_fuzz;
@@ -21,20 +19,7 @@ namespace {
 enum class Direction { Forward, Inverse };
 enum class RgbForm { Packed, Planes };
 
-// Everything a member may take; each member passes what its shape has.
-struct Call {
-    const uint8_t* srcPacked;
-    const uint8_t* const* srcPlanes;  // null for a null array
-    int32_t srcStep;
-    const int32_t* srcSteps;
-    uint8_t* dstPacked;
-    uint8_t* const* dstPlanes;
-    int32_t dstStep;
-    const int32_t* dstSteps;
-    int32_t width, height;
-};
-
-using Entry = PrimStatus (*)(const Call&);
+using Entry = PrimStatus (*)(const ImageCall&);
 
 struct Member {
     const char* name;
@@ -44,18 +29,18 @@ struct Member {
     Entry entries[5];  // plain, px, m6, a6, w7
 };
 
-#define FORWARD_PACKED(fn) [](const Call& c) { return fn(c.srcPacked, c.dstPlanes, c.width, c.height); }
+#define FORWARD_PACKED(fn) [](const ImageCall& c) { return fn(c.srcPacked, c.dstPlanes, c.width, c.height); }
 #define FORWARD_PACKED_STEP(fn) \
-    [](const Call& c) { return fn(c.srcPacked, c.srcStep, c.dstPlanes, c.dstSteps, c.width, c.height); }
-#define FORWARD_PLANES(fn) [](const Call& c) { return fn(c.srcPlanes, c.dstPlanes, c.width, c.height); }
+    [](const ImageCall& c) { return fn(c.srcPacked, c.srcStep, c.dstPlanes, c.dstSteps, c.width, c.height); }
+#define FORWARD_PLANES(fn) [](const ImageCall& c) { return fn(c.srcPlanes, c.dstPlanes, c.width, c.height); }
 #define FORWARD_PLANES_STEP(fn) \
-    [](const Call& c) { return fn(c.srcPlanes, c.srcStep, c.dstPlanes, c.dstSteps, c.width, c.height); }
-#define INVERSE_PACKED(fn) [](const Call& c) { return fn(c.srcPlanes, c.dstPacked, c.width, c.height); }
+    [](const ImageCall& c) { return fn(c.srcPlanes, c.srcStep, c.dstPlanes, c.dstSteps, c.width, c.height); }
+#define INVERSE_PACKED(fn) [](const ImageCall& c) { return fn(c.srcPlanes, c.dstPacked, c.width, c.height); }
 #define INVERSE_PACKED_STEP(fn) \
-    [](const Call& c) { return fn(c.srcPlanes, c.srcSteps, c.dstPacked, c.dstStep, c.width, c.height); }
-#define INVERSE_PLANES(fn) [](const Call& c) { return fn(c.srcPlanes, c.dstPlanes, c.width, c.height); }
+    [](const ImageCall& c) { return fn(c.srcPlanes, c.srcSteps, c.dstPacked, c.dstStep, c.width, c.height); }
+#define INVERSE_PLANES(fn) [](const ImageCall& c) { return fn(c.srcPlanes, c.dstPlanes, c.width, c.height); }
 #define INVERSE_PLANES_STEP(fn) \
-    [](const Call& c) { return fn(c.srcPlanes, c.srcSteps, c.dstPlanes, c.dstStep, c.width, c.height); }
+    [](const ImageCall& c) { return fn(c.srcPlanes, c.srcSteps, c.dstPlanes, c.dstStep, c.width, c.height); }
 #define TIERS(SHAPE, name) {SHAPE(name), SHAPE(px_##name), SHAPE(m6_##name), SHAPE(a6_##name), SHAPE(w7_##name)}
 
 const Member kMembers[] = {
@@ -75,44 +60,13 @@ const Member kMembers[] = {
 constexpr uint32_t kMemberCount = sizeof(kMembers) / sizeof(kMembers[0]);
 const char* const kEntryNames[5] = {"plain", "px", "m6", "a6", "w7"};
 
-// One plane of an image: `lineBytes` bytes on each of `lines` lines, `step`
-// bytes apart, in a buffer of exactly that span (plus `slack`).
-struct Plane {
-    int32_t lineBytes = 0, lines = 0, step = 0;
-    std::unique_ptr<ExactBuffer> bytes;
-    std::vector<uint8_t> before;
-
-    void Make(bool accepted, size_t slack, size_t misalign) {
-        const size_t span = accepted ? static_cast<size_t>(lines - 1) * static_cast<size_t>(step) +
-                                           static_cast<size_t>(lineBytes) + slack
-                                     : 8;
-        bytes = std::make_unique<ExactBuffer>(span, misalign);
-    }
-    uint8_t& At(int32_t x, int32_t y) { return bytes->data()[static_cast<size_t>(y) * step + x]; }
-};
-
-int32_t ReadStep(FuzzInput& in, int32_t lineBytes) {
-    const uint8_t how = in.Byte();
-    if (how < 190) return lineBytes + in.Byte() % 24;
-    if (how < 210) return 1 + in.Below(static_cast<uint32_t>(lineBytes > 0 ? lineBytes : 1));  // lines overlap
-    if (how < 225) return 0;
-    if (how < 240) return -static_cast<int32_t>(in.Byte());
-    const int32_t any = in.I32();
-    return any > 0 ? 1 + any % 4096 : any;
-}
-
-int32_t ReadLength(FuzzInput& in, int32_t largest) {
-    const int32_t v = in.Length(largest);
-    return v > 0 ? 1 + (v - 1) % 300 : v;
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzInput in(data, size);
     const Member& m = kMembers[in.Below(kMemberCount)];
     const uint32_t entry = in.Below(5);
-    const int32_t width = ReadLength(in, 70), height = ReadLength(in, 24);
+    const int32_t width = ReadImageLength(in, 70), height = ReadImageLength(in, 24);
     const uint8_t nulls = in.Byte();
     // Outer pointers: the packed buffer or the plane arrays; inner: one plane.
     const bool nullSrcOuter = nulls == 0xF0, nullDstOuter = nulls == 0xF1;
@@ -182,7 +136,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     for (int p = 0; p < destCount; ++p) dstPlanePtrs[p] = p == nullDstPlane ? nullptr : dest[p].bytes->data();
     const int32_t yuvSteps[3] = {yuv[0].step, yuv[1].step, yuv[2].step};
 
-    Call call{};
+    ImageCall call{};
     call.width = width, call.height = height;
     if (forward) {
         call.srcPacked = nullSrcOuter ? nullptr : srcPlanePtrs[0];
@@ -212,7 +166,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     // Destination lines that overlap make the bytes depend on the order of
     // the writes: bounds only.
     for (int p = 0; p < destCount; ++p)
-        if (dest[p].lines > 1 && dest[p].step < dest[p].lineBytes) return 0;
+        if (dest[p].Overlaps()) return 0;
 
     // The plain names run px here: nothing in this program selects a tier.
     const model::Tier tier = entry == 0 ? model::kPx : static_cast<model::Tier>(entry - 1);
