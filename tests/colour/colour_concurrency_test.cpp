@@ -14,34 +14,13 @@
 #include <thread>
 #include <vector>
 
+#include "selection_sandbox.h"
+
 namespace {
 
 using Orient = CColorXForm::EOrientation;
 
-void NoBeep(uint32_t) {}
-void NoMessage(const char*, const char*, uint32_t) {}
-
-// Keeps the slots, the current tier and the platform as they were, and
-// silences the message of a selection that runs dry.
-class SelectionSandbox {
-public:
-    SelectionSandbox() : tier_(PrimCurrentTier) {
-        for (int r = 0; r < PrimDispatchRowCount; ++r) slots_[r] = *PrimDispatchTable[r].slot;
-        PrimPlatform quiet{};
-        quiet.messageBeep = NoBeep;
-        quiet.messageBox = NoMessage;
-        PrimSetPlatform(&quiet);
-    }
-    ~SelectionSandbox() {
-        for (int r = 0; r < PrimDispatchRowCount; ++r) *PrimDispatchTable[r].slot = slots_[r];
-        PrimCurrentTier = tier_;
-        PrimSetPlatform(nullptr);
-    }
-
-private:
-    PrimEntry slots_[PrimDispatchRowCount];
-    int32_t tier_;
-};
+using pixmoor_test::SelectionSandbox;
 
 struct Job {
     uint32_t src, dest;

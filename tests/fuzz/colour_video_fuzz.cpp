@@ -45,31 +45,6 @@ struct Member {
 
 bool IsPlanes(Side s) { return s == Side::Full || s == Side::Chroma422 || s == Side::Chroma420; }
 
-#define PACKED_TO_PACKED(fn) \
-    [](const ImageCall& c) { return fn(c.srcPacked, c.srcStep, c.dstPacked, c.dstStep, c.width, c.height); }
-#define PLANES_TO_PLANES_ONE(fn) \
-    [](const ImageCall& c) { return fn(c.srcPlanes, c.srcStep, c.dstPlanes, c.dstStep, c.width, c.height); }
-#define PACKED_TO_PLANES_ONE(fn) \
-    [](const ImageCall& c) { return fn(c.srcPacked, c.srcStep, c.dstPlanes, c.dstStep, c.width, c.height); }
-#define PLANES_ONE_TO_PACKED(fn) \
-    [](const ImageCall& c) { return fn(c.srcPlanes, c.srcStep, c.dstPacked, c.dstStep, c.width, c.height); }
-#define PACKED_TO_PLANES_STEPS(fn) \
-    [](const ImageCall& c) { return fn(c.srcPacked, c.srcStep, c.dstPlanes, c.dstSteps, c.width, c.height); }
-#define PACKED_TO_PLANES_COMPACT(fn) [](const ImageCall& c) { return fn(c.srcPacked, c.dstPlanes, c.width, c.height); }
-#define PLANES_STEPS_TO_PACKED(fn) \
-    [](const ImageCall& c) { return fn(c.srcPlanes, c.srcSteps, c.dstPacked, c.dstStep, c.width, c.height); }
-#define PLANES_TO_PACKED_COMPACT(fn) [](const ImageCall& c) { return fn(c.srcPlanes, c.dstPacked, c.width, c.height); }
-#define PLANES_ONE_TO_PLANES_STEPS(fn) \
-    [](const ImageCall& c) { return fn(c.srcPlanes, c.srcStep, c.dstPlanes, c.dstSteps, c.width, c.height); }
-#define PLANES_TO_PLANES_COMPACT(fn) [](const ImageCall& c) { return fn(c.srcPlanes, c.dstPlanes, c.width, c.height); }
-#define PLANES_STEPS_TO_PLANES_ONE(fn) \
-    [](const ImageCall& c) { return fn(c.srcPlanes, c.srcSteps, c.dstPlanes, c.dstStep, c.width, c.height); }
-#define PLANES_STEPS_TO_WORDS(fn)                                                                    \
-    [](const ImageCall& c) {                                                                        \
-        return fn(c.srcPlanes, c.srcSteps, reinterpret_cast<uint16_t*>(c.dstPacked), c.dstStep, c.width, \
-                  c.height);                                                                         \
-    }
-#define TIERS(SHAPE, name) {SHAPE(name), SHAPE(px_##name), SHAPE(m6_##name), SHAPE(a6_##name), SHAPE(w7_##name)}
 
 using S = Side;
 using St = Steps;

@@ -29,33 +29,20 @@ struct Member {
     Entry entries[5];  // plain, px, m6, a6, w7
 };
 
-#define FORWARD_PACKED(fn) [](const ImageCall& c) { return fn(c.srcPacked, c.dstPlanes, c.width, c.height); }
-#define FORWARD_PACKED_STEP(fn) \
-    [](const ImageCall& c) { return fn(c.srcPacked, c.srcStep, c.dstPlanes, c.dstSteps, c.width, c.height); }
-#define FORWARD_PLANES(fn) [](const ImageCall& c) { return fn(c.srcPlanes, c.dstPlanes, c.width, c.height); }
-#define FORWARD_PLANES_STEP(fn) \
-    [](const ImageCall& c) { return fn(c.srcPlanes, c.srcStep, c.dstPlanes, c.dstSteps, c.width, c.height); }
-#define INVERSE_PACKED(fn) [](const ImageCall& c) { return fn(c.srcPlanes, c.dstPacked, c.width, c.height); }
-#define INVERSE_PACKED_STEP(fn) \
-    [](const ImageCall& c) { return fn(c.srcPlanes, c.srcSteps, c.dstPacked, c.dstStep, c.width, c.height); }
-#define INVERSE_PLANES(fn) [](const ImageCall& c) { return fn(c.srcPlanes, c.dstPlanes, c.width, c.height); }
-#define INVERSE_PLANES_STEP(fn) \
-    [](const ImageCall& c) { return fn(c.srcPlanes, c.srcSteps, c.dstPlanes, c.dstStep, c.width, c.height); }
-#define TIERS(SHAPE, name) {SHAPE(name), SHAPE(px_##name), SHAPE(m6_##name), SHAPE(a6_##name), SHAPE(w7_##name)}
 
 const Member kMembers[] = {
-    {"ImgRGBToYUV420", Direction::Forward, RgbForm::Packed, true, TIERS(FORWARD_PACKED, ImgRGBToYUV420)},
+    {"ImgRGBToYUV420", Direction::Forward, RgbForm::Packed, true, TIERS(PACKED_TO_PLANES_COMPACT, ImgRGBToYUV420)},
     {"ImgRGBToYUV420_Step", Direction::Forward, RgbForm::Packed, false,
-     TIERS(FORWARD_PACKED_STEP, ImgRGBToYUV420_Step)},
-    {"ImgRGBPlanesToYUV420", Direction::Forward, RgbForm::Planes, true, TIERS(FORWARD_PLANES, ImgRGBPlanesToYUV420)},
+     TIERS(PACKED_TO_PLANES_STEPS, ImgRGBToYUV420_Step)},
+    {"ImgRGBPlanesToYUV420", Direction::Forward, RgbForm::Planes, true, TIERS(PLANES_TO_PLANES_COMPACT, ImgRGBPlanesToYUV420)},
     {"ImgRGBPlanesToYUV420_Step", Direction::Forward, RgbForm::Planes, false,
-     TIERS(FORWARD_PLANES_STEP, ImgRGBPlanesToYUV420_Step)},
-    {"ImgYUV420ToRGB", Direction::Inverse, RgbForm::Packed, true, TIERS(INVERSE_PACKED, ImgYUV420ToRGB)},
+     TIERS(PLANES_ONE_TO_PLANES_STEPS, ImgRGBPlanesToYUV420_Step)},
+    {"ImgYUV420ToRGB", Direction::Inverse, RgbForm::Packed, true, TIERS(PLANES_TO_PACKED_COMPACT, ImgYUV420ToRGB)},
     {"ImgYUV420ToRGB_Step", Direction::Inverse, RgbForm::Packed, false,
-     TIERS(INVERSE_PACKED_STEP, ImgYUV420ToRGB_Step)},
-    {"ImgYUV420ToRGBPlanes", Direction::Inverse, RgbForm::Planes, true, TIERS(INVERSE_PLANES, ImgYUV420ToRGBPlanes)},
+     TIERS(PLANES_STEPS_TO_PACKED, ImgYUV420ToRGB_Step)},
+    {"ImgYUV420ToRGBPlanes", Direction::Inverse, RgbForm::Planes, true, TIERS(PLANES_TO_PLANES_COMPACT, ImgYUV420ToRGBPlanes)},
     {"ImgYUV420ToRGBPlanes_Step", Direction::Inverse, RgbForm::Planes, false,
-     TIERS(INVERSE_PLANES_STEP, ImgYUV420ToRGBPlanes_Step)},
+     TIERS(PLANES_STEPS_TO_PLANES_ONE, ImgYUV420ToRGBPlanes_Step)},
 };
 constexpr uint32_t kMemberCount = sizeof(kMembers) / sizeof(kMembers[0]);
 const char* const kEntryNames[5] = {"plain", "px", "m6", "a6", "w7"};

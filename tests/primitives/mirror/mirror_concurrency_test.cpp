@@ -10,33 +10,11 @@
 #include <thread>
 #include <vector>
 
+#include "selection_sandbox.h"
+
 namespace {
 
-void NoBeep(uint32_t) {}
-void NoMessage(const char*, const char*, uint32_t) {}
-
-// Keeps the slots, the current tier and the platform of the test program as
-// they were, and silences the message that a selection over a table with
-// missing rows shows.
-class SelectionSandbox {
-public:
-    SelectionSandbox() : tier_(PrimCurrentTier) {
-        for (int r = 0; r < PrimDispatchRowCount; ++r) slots_[r] = *PrimDispatchTable[r].slot;
-        PrimPlatform quiet{};
-        quiet.messageBeep = NoBeep;
-        quiet.messageBox = NoMessage;
-        PrimSetPlatform(&quiet);
-    }
-    ~SelectionSandbox() {
-        for (int r = 0; r < PrimDispatchRowCount; ++r) *PrimDispatchTable[r].slot = slots_[r];
-        PrimCurrentTier = tier_;
-        PrimSetPlatform(nullptr);
-    }
-
-private:
-    PrimEntry slots_[PrimDispatchRowCount];
-    int32_t tier_;
-};
+using pixmoor_test::SelectionSandbox;
 
 // The rows whose stubs the colour transforms call: 16 (C3 in place),
 // 17 (C3 to a destination) and 18 (AC4 in place).
