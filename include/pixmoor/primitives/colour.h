@@ -5,5 +5,6 @@
 #define PIXMOOR_PRIMITIVES_COLOUR_H
 
 #include <pixmoor/primitives/colour/yuv420.h>
+#include <pixmoor/primitives/colour/ycbcr.h>
 
 #endif
