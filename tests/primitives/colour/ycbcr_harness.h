@@ -431,7 +431,7 @@ struct Outcome {
     bool guardsIntact;
 };
 
-inline Outcome Run(const Member& m, int tier, const Case& c, bool plainName = false) {
+inline Outcome RunMember(const Member& m, int tier, const Case& c, bool plainName = false) {
     Side src(m.src, c.width, c.height, c.srcPad, c.srcOffset, c.seed);
     Side dst(m.dst, c.width, c.height, c.dstPad, c.dstOffset, c.seed + 100);
     Expected e(dst);

@@ -13,7 +13,7 @@ using namespace ycbcr_harness;
 namespace {
 
 void CheckCase(const Member& m, int tier, const Case& c) {
-    const Outcome o = Run(m, tier, c);
+    const Outcome o = RunMember(m, tier, c);
     ASSERT_EQ(o.status, 0) << Describe(m, tier, c);
     ASSERT_TRUE(o.asModel) << Describe(m, tier, c);
     ASSERT_TRUE(o.guardsIntact) << Describe(m, tier, c);
