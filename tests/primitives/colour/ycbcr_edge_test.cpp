@@ -91,7 +91,7 @@ TEST(YCbCrEdges, WidthOneOfA422SourceTo16BitWritesThreeBytesARow) {
     }
     EXPECT_EQ(expect.a, 212);
     EXPECT_EQ(expect.b, 11);
-    EXPECT_EQ(expect.c, 243);
+    EXPECT_EQ(expect.c, 242);
 }
 
 TEST(YCbCrEdges, WidthOneOfA422SourceUsesItsOneChromaByteTwice) {
