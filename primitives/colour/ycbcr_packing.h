@@ -13,29 +13,30 @@ namespace pixmoor::colour {
 
 // Field cutting of one word layout: the two outer fields and green already
 // in place, and the shift of the high field.
-struct Fields565 {
-    static constexpr int kHighShift = 11;
-    static int32_t Outer(int32_t c) { return c >> 3; }
-    static int32_t Green(int32_t g) { return (g >> 2) << 5; }
+// Each field keeps the top bits of its channel: the outer fields drop
+// kOuterDrop low bits, green drops kGreenDrop and sits at bit kGreenAt.
+template <int OuterDrop, int GreenDrop, int GreenAt, int HighShift>
+struct Fields {
+    static constexpr int kOuterDrop = OuterDrop;
+    static constexpr int kGreenDrop = GreenDrop;
+    static constexpr int kGreenAt = GreenAt;
+    static constexpr int kHighShift = HighShift;
+    static int32_t Outer(int32_t c) { return c >> OuterDrop; }
+    static int32_t Green(int32_t g) { return (g >> GreenDrop) << GreenAt; }
 };
-struct Fields555 {
-    static constexpr int kHighShift = 10;
-    static int32_t Outer(int32_t c) { return c >> 3; }
-    static int32_t Green(int32_t g) { return (g >> 3) << 5; }
-};
-struct Fields444 {
-    static constexpr int kHighShift = 8;
-    static int32_t Outer(int32_t c) { return c >> 4; }
-    static int32_t Green(int32_t g) { return g & 240; }
-};
+using Fields565 = Fields<3, 2, 5, 11>;
+using Fields555 = Fields<3, 3, 5, 10>;
+using Fields444 = Fields<4, 4, 4, 8>;  // green: G & 240
 
-template <class Fields, int RedHigh>
+template <class FieldsOf, int RedHigh>
 struct WordPacking {
+    using FieldsType = FieldsOf;
+    static constexpr bool kRedHigh = RedHigh != 0;
     static uint16_t Pack(Rgb c) {
         const int32_t high = RedHigh ? c.r : c.b;
         const int32_t low = RedHigh ? c.b : c.r;
-        return static_cast<uint16_t>((Fields::Outer(high) << Fields::kHighShift) | Fields::Green(c.g) |
-                                     Fields::Outer(low));
+        return static_cast<uint16_t>((FieldsOf::Outer(high) << FieldsOf::kHighShift) | FieldsOf::Green(c.g) |
+                                     FieldsOf::Outer(low));
     }
 };
 

@@ -24,10 +24,12 @@ void Forward422Row(typename In::Line src, uint8_t* dst, int32_t count) {
 
 // 4:2:2 interleaved to RGB.  An odd last pixel has Y and U of its own and
 // borrows the V of the pair before it, the byte in front of its Y.
+// Pairs from `from` on, then the odd pixel; a vector kernel hands the rest
+// of its line here.
 template <class Out, class Arith>
-void Inverse422Row(const uint8_t* src, typename Out::Line dst, int32_t count) {
+void Inverse422From(const uint8_t* src, typename Out::Line dst, int32_t from, int32_t count) {
     const int32_t pairs = count >> 1;
-    for (int32_t j = 0; j < pairs; ++j) {
+    for (int32_t j = from; j < pairs; ++j) {
         const uint8_t* p = src + 4 * static_cast<intptr_t>(j);
         Out::Store(dst, 2 * j, Arith::Inverse422(p[0], p[1], p[3]));
         Out::Store(dst, 2 * j + 1, Arith::Inverse422(p[2], p[1], p[3]));
@@ -36,6 +38,10 @@ void Inverse422Row(const uint8_t* src, typename Out::Line dst, int32_t count) {
         const uint8_t* p = src + 4 * static_cast<intptr_t>(pairs);
         Out::Store(dst, count - 1, Arith::Inverse422(p[0], p[1], p[-1]));
     }
+}
+template <class Out, class Arith>
+void Inverse422Row(const uint8_t* src, typename Out::Line dst, int32_t count) {
+    Inverse422From<Out, Arith>(src, dst, 0, count);
 }
 
 // 4:4:4, pixel by pixel.
@@ -48,15 +54,19 @@ struct InversePixel {
     static Rgb Convert(Rgb p) { return Arith::Inverse(p.r, p.g, p.b); }
 };
 template <class In, class Out, class Pixel>
+void PixelsFrom(typename In::Line src, typename Out::Line dst, int32_t from, int32_t count) {
+    for (int32_t x = from; x < count; ++x) Out::Store(dst, x, Pixel::Convert(In::Pixel(src, x)));
+}
+template <class In, class Out, class Pixel>
 void PixelRow(typename In::Line src, typename Out::Line dst, int32_t count) {
-    for (int32_t x = 0; x < count; ++x) Out::Store(dst, x, Pixel::Convert(In::Pixel(src, x)));
+    PixelsFrom<In, Out, Pixel>(src, dst, 0, count);
 }
 
 // 4:2:0, one line pair: `pairs` blocks of 2 by 2.
 template <class Arith>
-void Forward420Row(PackedRgbIn::Line top, PackedRgbIn::Line bottom, const Yuv420Lines<uint8_t>& out,
-                   int32_t pairs) {
-    for (int32_t j = 0; j < pairs; ++j) {
+void Forward420From(PackedRgbIn::Line top, PackedRgbIn::Line bottom, const Yuv420Lines<uint8_t>& out,
+                    int32_t from, int32_t pairs) {
+    for (int32_t j = from; j < pairs; ++j) {
         const Rgb p[4] = {PackedRgbIn::Pixel(top, 2 * j), PackedRgbIn::Pixel(top, 2 * j + 1),
                           PackedRgbIn::Pixel(bottom, 2 * j), PackedRgbIn::Pixel(bottom, 2 * j + 1)};
         uint8_t y[4];
@@ -67,17 +77,28 @@ void Forward420Row(PackedRgbIn::Line top, PackedRgbIn::Line bottom, const Yuv420
         out.y1[2 * j + 1] = y[3];
     }
 }
+template <class Arith>
+void Forward420Row(PackedRgbIn::Line top, PackedRgbIn::Line bottom, const Yuv420Lines<uint8_t>& out,
+                   int32_t pairs) {
+    Forward420From<Arith>(top, bottom, out, 0, pairs);
+}
 
 template <class Arith>
-void Inverse420Row(const Yuv420Lines<const uint8_t>& in, PackedRgbOut::Line top, PackedRgbOut::Line bottom,
-                   int32_t pairs) {
-    for (int32_t j = 0; j < pairs; ++j) {
+void Inverse420From(const Yuv420Lines<const uint8_t>& in, PackedRgbOut::Line top, PackedRgbOut::Line bottom,
+                    int32_t from, int32_t pairs) {
+    for (int32_t j = from; j < pairs; ++j) {
         const int32_t u = in.u[j], v = in.v[j];
         PackedRgbOut::Store(top, 2 * j, Arith::Inverse(in.y0[2 * j], u, v));
         PackedRgbOut::Store(top, 2 * j + 1, Arith::Inverse(in.y0[2 * j + 1], u, v));
         PackedRgbOut::Store(bottom, 2 * j, Arith::Inverse(in.y1[2 * j], u, v));
         PackedRgbOut::Store(bottom, 2 * j + 1, Arith::Inverse(in.y1[2 * j + 1], u, v));
     }
+}
+
+template <class Arith>
+void Inverse420Row(const Yuv420Lines<const uint8_t>& in, PackedRgbOut::Line top, PackedRgbOut::Line bottom,
+                   int32_t pairs) {
+    Inverse420From<Arith>(in, top, bottom, 0, pairs);
 }
 
 }  // namespace pixmoor::colour::ycc

@@ -17,6 +17,7 @@
 #include "primitives/colour/ycbcr_lane_arith.h"
 #include "primitives/colour/ycbcr_lanes.h"
 #include "primitives/colour/ycbcr_rows.h"
+#include "primitives/colour/ycbcr_vector_420.h"
 
 namespace pixmoor::colour {
 namespace {
@@ -107,8 +108,8 @@ constexpr YCbCrRows MakeRowsW7() {
     rows.c2ToRgb = &Inverse::FromC2<C3Out>::Run;
     rows.c2ToPlanes = &Inverse::FromC2<RgbPlanesOut>::Run;
     rows.c2ToWords = ycc::MakeWordRows<C2In, Inverse::FromC2>();
-    rows.rgbTo420 = &ycc::Forward420Row<lanes::Arith420>;
-    rows.from420ToRgb = &ycc::Inverse420Row<lanes::Arith420>;
+    rows.rgbTo420 = &ycc_vector::Forward420<8>;
+    rows.from420ToRgb = &ycc_vector::Inverse420<8>;
     rows.planesToYccPlanes = &ForwardPlanesRow;
     rows.yccPlanesToPlanes = &InversePlanesRow;
     rows.rgbToC3 = &ycc::PixelRow<C3In, C3Out, ycc::ForwardPixel<lanes::ArithW7ForwardHalf>>;
