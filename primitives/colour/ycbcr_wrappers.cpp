@@ -167,57 +167,46 @@ PIXMOOR_YCC_WORD_WRAPPERS_(RGB444, rgb444)
 using namespace pixmoor::colour;
 
 // The four tier entries and the plain name of each member; none of them
-// stands in a dispatch row.
-#define PIXMOOR_YCC_MEMBER_(name, impl, params, args)                             \
-    PIXMOOR_COLOUR_TIER_ENTRIES(name, impl, kYCbCrRows, params, (tierRows, PIXMOOR_YCC_UNPAREN_ args)) \
-    PIXMOOR_DEFINE_BY_TIER(PrimStatus, name, params, args)
-#define PIXMOOR_YCC_UNPAREN_(...) __VA_ARGS__
+// stands in a dispatch row.  Every member takes (src, srcStep, dst,
+// dstStep, width, height); the types of the first four tell the shape.
+using InBytes = const uint8_t*;
+using InPlanes = const uint8_t* const*;
+using OutBytes = uint8_t*;
+using OutPlanes = uint8_t* const*;
+using OutWords = uint16_t*;
+using OneStep = int32_t;
+using ThreeSteps = const int32_t*;
 
-#define PIXMOOR_YCC_ARGS_ (src, srcStep, dst, dstStep, width, height)
-#define PIXMOOR_YCC_BYTES_ \
-    (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width, int32_t height)
-#define PIXMOOR_YCC_WORDS_ \
-    (const uint8_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep, int32_t width, int32_t height)
+#define PIXMOOR_YCC_PARAMS_(Src, SrcStep, Dst, DstStep) \
+    (Src src, SrcStep srcStep, Dst dst, DstStep dstStep, int32_t width, int32_t height)
+#define PIXMOOR_YCC_MEMBER_(name, impl, Src, SrcStep, Dst, DstStep)                                 \
+    PIXMOOR_COLOUR_TIER_ENTRIES(name, impl, kYCbCrRows, PIXMOOR_YCC_PARAMS_(Src, SrcStep, Dst, DstStep), \
+                                (tierRows, src, srcStep, dst, dstStep, width, height))               \
+    PIXMOOR_DEFINE_BY_TIER(PrimStatus, name, PIXMOOR_YCC_PARAMS_(Src, SrcStep, Dst, DstStep),         \
+                           (src, srcStep, dst, dstStep, width, height))
 
-PIXMOOR_YCC_MEMBER_(ImgRGBToYCbCr422C3C2, RgbToC2, PIXMOOR_YCC_BYTES_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToRGBC2C3, C2ToRgb, PIXMOOR_YCC_BYTES_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgRGBToYCbCr422P3C2, PlanesToC2,
-                    (const uint8_t* const src[3], int32_t srcStep, uint8_t* dst, int32_t dstStep,
-                     int32_t width, int32_t height),
-                    PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToRGBC2P3, C2ToPlanes,
-                    (const uint8_t* src, int32_t srcStep, uint8_t* const dst[3], int32_t dstStep,
-                     int32_t width, int32_t height),
-                    PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToBGR565, C2ToBGR565, PIXMOOR_YCC_WORDS_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToRGB565, C2ToRGB565, PIXMOOR_YCC_WORDS_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToBGR555, C2ToBGR555, PIXMOOR_YCC_WORDS_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToRGB555, C2ToRGB555, PIXMOOR_YCC_WORDS_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToBGR444, C2ToBGR444, PIXMOOR_YCC_WORDS_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToRGB444, C2ToRGB444, PIXMOOR_YCC_WORDS_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgRGBToYCbCr420C3P3, RgbTo420,
-                    (const uint8_t* src, int32_t srcStep, uint8_t* const dst[3], const int32_t dstStep[3],
-                     int32_t width, int32_t height),
-                    PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCr420ToRGBP3C3, From420ToRgb,
-                    (const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst, int32_t dstStep,
-                     int32_t width, int32_t height),
-                    PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgRGBToYCbCrP3, PlanesToYcc,
-                    (const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3], int32_t dstStep,
-                     int32_t width, int32_t height),
-                    PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCrToRGBP3, YccToPlanes,
-                    (const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3], int32_t dstStep,
-                     int32_t width, int32_t height),
-                    PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgRGBToYCbCrC3, RgbToC3, PIXMOOR_YCC_BYTES_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCrToRGBC3, C3ToRgb, PIXMOOR_YCC_BYTES_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgRGBToYCbCrAC4, RgbToAC4, PIXMOOR_YCC_BYTES_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCrToRGBAC4, AC4ToRgb, PIXMOOR_YCC_BYTES_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCrToRGB444, C3ToRGB444, PIXMOOR_YCC_WORDS_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCrToBGR444, C3ToBGR444, PIXMOOR_YCC_WORDS_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCrToRGB555, C3ToRGB555, PIXMOOR_YCC_WORDS_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCrToBGR555, C3ToBGR555, PIXMOOR_YCC_WORDS_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCrToRGB565, C3ToRGB565, PIXMOOR_YCC_WORDS_, PIXMOOR_YCC_ARGS_)
-PIXMOOR_YCC_MEMBER_(ImgYCbCrToBGR565, C3ToBGR565, PIXMOOR_YCC_WORDS_, PIXMOOR_YCC_ARGS_)
+PIXMOOR_YCC_MEMBER_(ImgRGBToYCbCr422C3C2, RgbToC2, InBytes, OneStep, OutBytes, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToRGBC2C3, C2ToRgb, InBytes, OneStep, OutBytes, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgRGBToYCbCr422P3C2, PlanesToC2, InPlanes, OneStep, OutBytes, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToRGBC2P3, C2ToPlanes, InBytes, OneStep, OutPlanes, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToBGR565, C2ToBGR565, InBytes, OneStep, OutWords, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToRGB565, C2ToRGB565, InBytes, OneStep, OutWords, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToBGR555, C2ToBGR555, InBytes, OneStep, OutWords, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToRGB555, C2ToRGB555, InBytes, OneStep, OutWords, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToBGR444, C2ToBGR444, InBytes, OneStep, OutWords, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCr422ToRGB444, C2ToRGB444, InBytes, OneStep, OutWords, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgRGBToYCbCr420C3P3, RgbTo420, InBytes, OneStep, OutPlanes, ThreeSteps)
+PIXMOOR_YCC_MEMBER_(ImgYCbCr420ToRGBP3C3, From420ToRgb, InPlanes, ThreeSteps, OutBytes, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgRGBToYCbCrP3, PlanesToYcc, InPlanes, OneStep, OutPlanes, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCrToRGBP3, YccToPlanes, InPlanes, OneStep, OutPlanes, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgRGBToYCbCrC3, RgbToC3, InBytes, OneStep, OutBytes, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCrToRGBC3, C3ToRgb, InBytes, OneStep, OutBytes, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgRGBToYCbCrAC4, RgbToAC4, InBytes, OneStep, OutBytes, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCrToRGBAC4, AC4ToRgb, InBytes, OneStep, OutBytes, OneStep)
+// The 4:4:4 members that write words come with the order flag 1 first.
+PIXMOOR_YCC_MEMBER_(ImgYCbCrToRGB444, C3ToRGB444, InBytes, OneStep, OutWords, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCrToBGR444, C3ToBGR444, InBytes, OneStep, OutWords, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCrToRGB555, C3ToRGB555, InBytes, OneStep, OutWords, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCrToBGR555, C3ToBGR555, InBytes, OneStep, OutWords, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCrToRGB565, C3ToRGB565, InBytes, OneStep, OutWords, OneStep)
+PIXMOOR_YCC_MEMBER_(ImgYCbCrToBGR565, C3ToBGR565, InBytes, OneStep, OutWords, OneStep)

@@ -8,19 +8,18 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "yuv420_model.h"
+
 namespace ycbcr_model {
 
-enum Tier { kPx = 0, kM6 = 1, kA6 = 2, kW7 = 3 };
-constexpr int kTiers[4] = {kPx, kM6, kA6, kW7};
-inline const char* TierName(int t) {
-    static const char* const names[4] = {"px", "m6", "a6", "w7"};
-    return names[t];
-}
-
-inline int64_t Floor(int64_t a, int n) {
-    const int64_t d = int64_t{1} << n;
-    return a >= 0 ? a / d : -((-a + d - 1) / d);
-}
+// Tier names and the floor of a / 2^n: those of the 4:2:0 models.
+using yuv420_model::kA6;
+using yuv420_model::kM6;
+using yuv420_model::kPx;
+using yuv420_model::kTiers;
+using yuv420_model::kW7;
+using yuv420_model::TierName;
+inline int64_t Floor(int64_t a, int n) { return yuv420_model::FloorShift(a, n); }
 inline int Clamp(int64_t v, int lo = 0, int hi = 255) {
     return static_cast<int>(std::min<int64_t>(hi, std::max<int64_t>(lo, v)));
 }

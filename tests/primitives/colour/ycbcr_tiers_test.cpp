@@ -60,26 +60,18 @@ TEST(YCbCrTiers, VectorTiersStayCloseToPx) {
     }
 }
 
-class TierScope {
-public:
-    explicit TierScope(int32_t tier) : saved_(PrimCurrentTier) { PrimCurrentTier = tier; }
-    ~TierScope() { PrimCurrentTier = saved_; }
-
-private:
-    int32_t saved_;
-};
-
 TEST(YCbCrTiers, PlainNamesRunTheReportedTier) {
+    const int32_t saved = PrimCurrentTier;
     for (int tier : kTiers) {
-        TierScope scope(tier);
-        ASSERT_EQ(PrimGetTier(), tier);
+        PrimCurrentTier = tier;
+        EXPECT_EQ(PrimGetTier(), tier);
         for (const Member& m : Members()) {
-            const Case c{40, 6, 2, 4, 1, 2, 77};
-            const Outcome o = RunMember(m, tier, c, true);
+            const Outcome o = RunMember(m, tier, Case{40, 6, 2, 4, 1, 2, 77}, true);
             EXPECT_EQ(o.status, 0);
             EXPECT_TRUE(o.asModel) << m.name << " " << TierName(tier);
         }
     }
+    PrimCurrentTier = saved;
 }
 
 }  // namespace

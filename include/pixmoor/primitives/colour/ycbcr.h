@@ -30,13 +30,25 @@
 
 PIXMOOR_EXTERN_C_BEGIN
 
+/* Members of interleaved source and destination. */
+#define PIXMOOR_YCBCR_BYTES_(name)                                                         \
+    PIXMOOR_TIERED(PrimStatus, name,                                                       \
+                   (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,    \
+                    int32_t width, int32_t height))
+/* Members of interleaved source that write 16-bit words. */
+#define PIXMOOR_YCBCR_TO_WORDS_(name)                                                      \
+    PIXMOOR_TIERED(PrimStatus, name,                                                       \
+                   (const uint8_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,   \
+                    int32_t width, int32_t height))
+/* Members of three planes each side, one step a side. */
+#define PIXMOOR_YCBCR_PLANES_(name)                                                        \
+    PIXMOOR_TIERED(PrimStatus, name,                                                       \
+                   (const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],   \
+                    int32_t dstStep, int32_t width, int32_t height))
+
 /* 4:2:2 interleaved. */
-PIXMOOR_TIERED(PrimStatus, ImgRGBToYCbCr422C3C2,
-               (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width,
-                int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgYCbCr422ToRGBC2C3,
-               (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width,
-                int32_t height));
+PIXMOOR_YCBCR_BYTES_(ImgRGBToYCbCr422C3C2);
+PIXMOOR_YCBCR_BYTES_(ImgYCbCr422ToRGBC2C3);
 PIXMOOR_TIERED(PrimStatus, ImgRGBToYCbCr422P3C2,
                (const uint8_t* const src[3], int32_t srcStep, uint8_t* dst, int32_t dstStep,
                 int32_t width, int32_t height));
@@ -45,10 +57,6 @@ PIXMOOR_TIERED(PrimStatus, ImgYCbCr422ToRGBC2P3,
                 int32_t width, int32_t height));
 
 /* 4:2:2 interleaved to 16-bit words. */
-#define PIXMOOR_YCBCR_TO_WORDS_(name)                                                      \
-    PIXMOOR_TIERED(PrimStatus, name,                                                       \
-                   (const uint8_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,   \
-                    int32_t width, int32_t height))
 PIXMOOR_YCBCR_TO_WORDS_(ImgYCbCr422ToBGR565);
 PIXMOOR_YCBCR_TO_WORDS_(ImgYCbCr422ToRGB565);
 PIXMOOR_YCBCR_TO_WORDS_(ImgYCbCr422ToBGR555);
@@ -65,24 +73,12 @@ PIXMOOR_TIERED(PrimStatus, ImgYCbCr420ToRGBP3C3,
                 int32_t dstStep, int32_t width, int32_t height));
 
 /* 4:4:4. */
-PIXMOOR_TIERED(PrimStatus, ImgRGBToYCbCrP3,
-               (const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
-                int32_t dstStep, int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgYCbCrToRGBP3,
-               (const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
-                int32_t dstStep, int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgRGBToYCbCrC3,
-               (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width,
-                int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgYCbCrToRGBC3,
-               (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width,
-                int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgRGBToYCbCrAC4,
-               (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width,
-                int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgYCbCrToRGBAC4,
-               (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width,
-                int32_t height));
+PIXMOOR_YCBCR_PLANES_(ImgRGBToYCbCrP3);
+PIXMOOR_YCBCR_PLANES_(ImgYCbCrToRGBP3);
+PIXMOOR_YCBCR_BYTES_(ImgRGBToYCbCrC3);
+PIXMOOR_YCBCR_BYTES_(ImgYCbCrToRGBC3);
+PIXMOOR_YCBCR_BYTES_(ImgRGBToYCbCrAC4);
+PIXMOOR_YCBCR_BYTES_(ImgYCbCrToRGBAC4);
 
 /* 4:4:4 interleaved to 16-bit words. */
 PIXMOOR_YCBCR_TO_WORDS_(ImgYCbCrToRGB444);
@@ -92,7 +88,9 @@ PIXMOOR_YCBCR_TO_WORDS_(ImgYCbCrToBGR555);
 PIXMOOR_YCBCR_TO_WORDS_(ImgYCbCrToRGB565);
 PIXMOOR_YCBCR_TO_WORDS_(ImgYCbCrToBGR565);
 
+#undef PIXMOOR_YCBCR_BYTES_
 #undef PIXMOOR_YCBCR_TO_WORDS_
+#undef PIXMOOR_YCBCR_PLANES_
 
 PIXMOOR_EXTERN_C_END
 
