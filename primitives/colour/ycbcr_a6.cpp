@@ -14,7 +14,7 @@ namespace {
 
 constexpr YCbCrRows MakeRowsA6() {
     YCbCrRows rows = ycc::MakeYCbCrRows<ycc::Reference<ImgClampTable>>(&FinishA6);
-    rows.rgbTo420 = &ycc_vector::Forward420<4>;
+    rows.rgbTo420 = &ycc_vector::Forward420<true>;
     rows.from420ToRgb = &ycc_vector::Inverse420<2>;
     return rows;
 }

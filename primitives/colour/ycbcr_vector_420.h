@@ -1,9 +1,9 @@
 // The 4:2:0 row kernels of the vector tiers: the 12-bit lane forward and
 // the five-factor lane inverse, a block of pairs a step in SSE2 registers,
-// then one pair at a time in plain lane code with the same results.  a6
-// takes 4 pairs a step forward and 2 inverse (four lumas of each line),
-// prefetching 32 bytes ahead; w7 takes 8 pairs a step both ways.  Without
-// SSE2 the plain lane code does every pair.
+// then one pair at a time in plain lane code with the same results.  Both
+// tiers take 4 pairs of each line a step forward; inverse, a6 takes 2 pairs
+// (four lumas of each line) and w7 8.  a6 prefetches 32 bytes ahead of its
+// sources.  Without SSE2 the plain lane code does every pair.
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_YCBCR_VECTOR_420_H
 #define PIXMOOR_PRIMITIVES_COLOUR_YCBCR_VECTOR_420_H
 
@@ -27,39 +27,27 @@ inline void PrefetchAhead(const uint8_t* p) {
     _mm_prefetch(reinterpret_cast<const char*>(p + 32), _MM_HINT_NTA);
 }
 
-// Eight pixels of packed RGB from p (24 bytes), or sixteen (48 bytes).
+// Eight pixels of packed RGB from p (24 bytes).
 inline sse2::Channels LoadEight(const uint8_t* p) {
     __m128i a = sse2::Load16(p), b = sse2::Load8(p + 16), c = _mm_setzero_si128();
     sse2::Deinterleave(a, b, c);
     return sse2::WidenLow(a, b, c);
 }
-struct Sixteen {
-    sse2::Channels low, high;
-};
-inline Sixteen LoadSixteen(const uint8_t* p) {
-    __m128i a = sse2::Load16(p), b = sse2::Load16(p + 16), c = sse2::Load16(p + 32);
-    sse2::Deinterleave(a, b, c);
-    return Sixteen{sse2::WidenLow(a, b, c), sse2::WidenHigh(a, b, c)};
-}
 #endif
 
-template <int PairsPerStep>
+template <bool Prefetch>
 void Forward420(PackedRgbIn::Line top, PackedRgbIn::Line bottom, const Yuv420Lines<uint8_t>& out, int32_t pairs) {
     int32_t j = 0;
 #ifdef PIXMOOR_HAVE_SSE2
-    for (const int32_t blocks = pairs & ~(PairsPerStep - 1); j < blocks; j += PairsPerStep) {
+    for (const int32_t blocks = pairs & ~3; j < blocks; j += 4) {
         const intptr_t x = 2 * static_cast<intptr_t>(j);
         const uint8_t* t = top + 3 * x;
         const uint8_t* b = bottom + 3 * x;
-        if (PairsPerStep == 4) {
+        if (Prefetch) {
             PrefetchAhead(t);
             PrefetchAhead(b);
-            ycc_sse2::Forward420Eight(LoadEight(t), LoadEight(b), out.y0 + x, out.y1 + x, out.u + j, out.v + j);
-        } else {
-            const Sixteen st = LoadSixteen(t), sb = LoadSixteen(b);
-            ycc_sse2::Forward420Eight(st.low, sb.low, out.y0 + x, out.y1 + x, out.u + j, out.v + j);
-            ycc_sse2::Forward420Eight(st.high, sb.high, out.y0 + x + 8, out.y1 + x + 8, out.u + j + 4, out.v + j + 4);
         }
+        ycc_sse2::Forward420Eight(LoadEight(t), LoadEight(b), out.y0 + x, out.y1 + x, out.u + j, out.v + j);
     }
 #endif
     ycc::Forward420From<lanes::Arith420>(top, bottom, out, j, pairs);

@@ -280,7 +280,7 @@ constexpr YCbCrRows MakeRowsW7() {
     rows.c2ToRgb = &FromC2<C3Out>::Run;
     rows.c2ToPlanes = &FromC2<RgbPlanesOut>::Run;
     rows.c2ToWords = ycc::MakeWordRows<C2In, FromC2>();
-    rows.rgbTo420 = &ycc_vector::Forward420<8>;
+    rows.rgbTo420 = &ycc_vector::Forward420<false>;
     rows.from420ToRgb = &ycc_vector::Inverse420<8>;
     rows.planesToYccPlanes = &ForwardPlanesRow;
     rows.yccPlanesToPlanes = &InversePlanesRow;
