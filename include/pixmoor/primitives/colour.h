@@ -8,5 +8,6 @@
 #include <pixmoor/primitives/colour/yuv444.h>
 #include <pixmoor/primitives/colour/rgb16.h>
 #include <pixmoor/primitives/colour/yuv422.h>
+#include <pixmoor/primitives/colour/ycbcr.h>
 
 #endif
