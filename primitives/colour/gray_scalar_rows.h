@@ -12,28 +12,22 @@
 
 namespace pixmoor::colour::gray {
 
-// Pixel formulas as types, so that a kernel template can take one.
-struct Plain8u {
-    static uint8_t Pixel(const uint8_t* p, const IntWeights& k) { return Gray8u(p[0], p[1], p[2], k); }
+// Pixel formulas as types, so that a kernel template can take one: the
+// formula F applied to the first three samples of a pixel.
+template <auto F>
+struct PixelFormula {
+    template <typename Sample, typename Weights>
+    static Sample Pixel(const Sample* p, const Weights& k) {
+        return F(p[0], p[1], p[2], k);
+    }
 };
-struct Plain16u {
-    static uint16_t Pixel(const uint16_t* p, const FloatWeights& k) { return Gray16u(p[0], p[1], p[2], k); }
-};
-struct Plain16s {
-    static int16_t Pixel(const int16_t* p, const FloatWeights& k) { return Gray16s(p[0], p[1], p[2], k); }
-};
-struct Plain32f {
-    static float Pixel(const float* p, const FloatWeights& k) { return Gray32f(p[0], p[1], p[2], k); }
-};
-struct Single16u {
-    static uint16_t Pixel(const uint16_t* p, const FloatWeights& k) { return Gray16uSingle(p[0], p[1], p[2], k); }
-};
-struct Single16s {
-    static int16_t Pixel(const int16_t* p, const FloatWeights& k) { return Gray16sSingle(p[0], p[1], p[2], k); }
-};
-struct Single32f {
-    static float Pixel(const float* p, const FloatWeights& k) { return Gray32fSingle(p[0], p[1], p[2], k); }
-};
+using Plain8u = PixelFormula<&Gray8u>;
+using Plain16u = PixelFormula<&Gray16u>;
+using Plain16s = PixelFormula<&Gray16s>;
+using Plain32f = PixelFormula<&Gray32f>;
+using Single16u = PixelFormula<&Gray16uSingle>;
+using Single16s = PixelFormula<&Gray16sSingle>;
+using Single32f = PixelFormula<&Gray32fSingle>;
 
 // Pixels from..width-1 of a line, `Channels` samples a pixel.
 template <class Formula, int Channels, typename Sample, typename Weights>

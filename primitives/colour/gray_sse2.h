@@ -27,9 +27,7 @@
 namespace pixmoor::colour::gray {
 
 // The 8-bit lane form, one pixel at a time.
-struct Lanes8u {
-    static uint8_t Pixel(const uint8_t* p, const LaneWeights& k) { return Gray8uLanes(p[0], p[1], p[2], k); }
-};
+using Lanes8u = PixelFormula<&Gray8uLanes>;
 
 #ifdef PIXMOOR_HAVE_SSE2
 namespace sse2_lanes {

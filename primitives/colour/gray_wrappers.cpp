@@ -42,12 +42,6 @@ using namespace pixmoor::colour::gray;
 // Each gray member in its four tiers and under its plain name.  The
 // RGBToGray members pass a null weights pointer, which selects the
 // defaults exactly as it does for the ColorToGray members.
-#define PIXMOOR_GRAY_PARAMS(Sample) \
-    (const Sample* src, int32_t srcStep, Sample* dst, int32_t dstStep, int32_t width, int32_t height)
-#define PIXMOOR_GRAY_WEIGHTED_PARAMS(Sample)                                                     \
-    (const Sample* src, int32_t srcStep, Sample* dst, int32_t dstStep, int32_t width, int32_t height, \
-     const float* weights)
-
 #define PIXMOOR_GRAY_MEMBERS(Depth, Layout, Sample, Channels)                                      \
     PIXMOOR_COLOUR_TIER_ENTRIES(ImgRGBToGray##Depth##Layout, (Gray<Sample, Channels>), kGrayRows,    \
                                 PIXMOOR_GRAY_PARAMS(Sample),                                       \

@@ -94,6 +94,18 @@ TEST(GrayFrames, PlainTiersAgreeBitForBit) {
     }
 }
 
+// 16-bit results of `tier` within 1 of px, modulo 65536.
+template <typename Sample>
+void WithinOneOfPx(int tier, const float* w, int channels, uint32_t seed) {
+    const Source<Sample> s = RandomSource<Sample>(517, 6, channels, 0, seed);
+    const auto plain = RunGray(gray_model::kPx, true, w, s, 0).gray;
+    const auto vector = RunGray(tier, true, w, s, 0).gray;
+    for (size_t i = 0; i < plain.size(); ++i) {
+        const int d = (static_cast<uint16_t>(vector[i]) - static_cast<uint16_t>(plain[i]) + 65536) % 65536;
+        ASSERT_TRUE(d <= 1 || d == 65535) << gray_model::TierName(tier) << " " << i;
+    }
+}
+
 // Bound of the vector forms against px.
 //   8-bit w7: within 1, counted modulo 256 since the results wrap.
 //   16-bit a6, w7: within 1, modulo 65536.
@@ -110,20 +122,8 @@ TEST(GrayFrames, VectorFormsStayWithinTheirBoundOfPx) {
                 ASSERT_TRUE(d <= 1 || d == 255) << i;
             }
             for (int tier : {gray_model::kA6, gray_model::kW7}) {
-                const Source<uint16_t> s16 = RandomSource<uint16_t>(517, 6, channels, 0, seed++);
-                const auto p16 = RunGray(gray_model::kPx, true, w, s16, 0).gray;
-                const auto v16 = RunGray(tier, true, w, s16, 0).gray;
-                for (size_t i = 0; i < p16.size(); ++i) {
-                    const int d = (v16[i] - p16[i] + 65536) % 65536;
-                    ASSERT_TRUE(d <= 1 || d == 65535) << i;
-                }
-                const Source<int16_t> ss = RandomSource<int16_t>(517, 6, channels, 0, seed++);
-                const auto ps = RunGray(gray_model::kPx, true, w, ss, 0).gray;
-                const auto vs = RunGray(tier, true, w, ss, 0).gray;
-                for (size_t i = 0; i < ps.size(); ++i) {
-                    const int d = (vs[i] - ps[i] + 65536) % 65536;
-                    ASSERT_TRUE(d <= 1 || d == 65535) << i;
-                }
+                WithinOneOfPx<uint16_t>(tier, w, channels, seed++);
+                WithinOneOfPx<int16_t>(tier, w, channels, seed++);
                 const Source<float> sf = RandomSource<float>(517, 6, channels, 0, seed++);
                 const auto pf = RunGray(gray_model::kPx, true, w, sf, 0).gray;
                 const auto vf = RunGray(tier, true, w, sf, 0).gray;

@@ -30,64 +30,39 @@
 
 #include <pixmoor/runtime.h>
 
+/* The argument lists: source, source step, destination, destination step,
+   width, height; the ColorToGray members add the weights. */
+#define PIXMOOR_GRAY_PARAMS(Sample)                                                       \
+    (const Sample* src, int32_t srcStep, Sample* dst, int32_t dstStep, int32_t width, \
+     int32_t height)
+#define PIXMOOR_GRAY_WEIGHTED_PARAMS(Sample)                                              \
+    (const Sample* src, int32_t srcStep, Sample* dst, int32_t dstStep, int32_t width, \
+     int32_t height, const float* weights)
+
 PIXMOOR_EXTERN_C_BEGIN
 
 /* Default weights. */
-PIXMOOR_TIERED(PrimStatus, ImgRGBToGray8uC3,
-               (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
-                int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgRGBToGray16uC3,
-               (const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
-                int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgRGBToGray16sC3,
-               (const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
-                int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgRGBToGray32fC3,
-               (const float* src, int32_t srcStep, float* dst, int32_t dstStep,
-                int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgRGBToGray8uAC4,
-               (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
-                int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgRGBToGray16uAC4,
-               (const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
-                int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgRGBToGray16sAC4,
-               (const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
-                int32_t width, int32_t height));
-PIXMOOR_TIERED(PrimStatus, ImgRGBToGray32fAC4,
-               (const float* src, int32_t srcStep, float* dst, int32_t dstStep,
-                int32_t width, int32_t height));
+PIXMOOR_TIERED(PrimStatus, ImgRGBToGray8uC3, PIXMOOR_GRAY_PARAMS(uint8_t));
+PIXMOOR_TIERED(PrimStatus, ImgRGBToGray16uC3, PIXMOOR_GRAY_PARAMS(uint16_t));
+PIXMOOR_TIERED(PrimStatus, ImgRGBToGray16sC3, PIXMOOR_GRAY_PARAMS(int16_t));
+PIXMOOR_TIERED(PrimStatus, ImgRGBToGray32fC3, PIXMOOR_GRAY_PARAMS(float));
+PIXMOOR_TIERED(PrimStatus, ImgRGBToGray8uAC4, PIXMOOR_GRAY_PARAMS(uint8_t));
+PIXMOOR_TIERED(PrimStatus, ImgRGBToGray16uAC4, PIXMOOR_GRAY_PARAMS(uint16_t));
+PIXMOOR_TIERED(PrimStatus, ImgRGBToGray16sAC4, PIXMOOR_GRAY_PARAMS(int16_t));
+PIXMOOR_TIERED(PrimStatus, ImgRGBToGray32fAC4, PIXMOOR_GRAY_PARAMS(float));
 
 /* Caller's weights (R, G, B); null selects the defaults. */
-PIXMOOR_TIERED(PrimStatus, ImgColorToGray8uC3,
-               (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
-                int32_t width, int32_t height, const float* weights));
-PIXMOOR_TIERED(PrimStatus, ImgColorToGray16uC3,
-               (const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
-                int32_t width, int32_t height, const float* weights));
-PIXMOOR_TIERED(PrimStatus, ImgColorToGray16sC3,
-               (const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
-                int32_t width, int32_t height, const float* weights));
-PIXMOOR_TIERED(PrimStatus, ImgColorToGray32fC3,
-               (const float* src, int32_t srcStep, float* dst, int32_t dstStep,
-                int32_t width, int32_t height, const float* weights));
-PIXMOOR_TIERED(PrimStatus, ImgColorToGray8uAC4,
-               (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
-                int32_t width, int32_t height, const float* weights));
-PIXMOOR_TIERED(PrimStatus, ImgColorToGray16uAC4,
-               (const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
-                int32_t width, int32_t height, const float* weights));
-PIXMOOR_TIERED(PrimStatus, ImgColorToGray16sAC4,
-               (const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
-                int32_t width, int32_t height, const float* weights));
-PIXMOOR_TIERED(PrimStatus, ImgColorToGray32fAC4,
-               (const float* src, int32_t srcStep, float* dst, int32_t dstStep,
-                int32_t width, int32_t height, const float* weights));
+PIXMOOR_TIERED(PrimStatus, ImgColorToGray8uC3, PIXMOOR_GRAY_WEIGHTED_PARAMS(uint8_t));
+PIXMOOR_TIERED(PrimStatus, ImgColorToGray16uC3, PIXMOOR_GRAY_WEIGHTED_PARAMS(uint16_t));
+PIXMOOR_TIERED(PrimStatus, ImgColorToGray16sC3, PIXMOOR_GRAY_WEIGHTED_PARAMS(int16_t));
+PIXMOOR_TIERED(PrimStatus, ImgColorToGray32fC3, PIXMOOR_GRAY_WEIGHTED_PARAMS(float));
+PIXMOOR_TIERED(PrimStatus, ImgColorToGray8uAC4, PIXMOOR_GRAY_WEIGHTED_PARAMS(uint8_t));
+PIXMOOR_TIERED(PrimStatus, ImgColorToGray16uAC4, PIXMOOR_GRAY_WEIGHTED_PARAMS(uint16_t));
+PIXMOOR_TIERED(PrimStatus, ImgColorToGray16sAC4, PIXMOOR_GRAY_WEIGHTED_PARAMS(int16_t));
+PIXMOOR_TIERED(PrimStatus, ImgColorToGray32fAC4, PIXMOOR_GRAY_WEIGHTED_PARAMS(float));
 
 /* Packed RGB (bytes R, G, B) to packed 4:2:2 (bytes Y0 U Y1 V). */
-PIXMOOR_TIERED(PrimStatus, ImgRGBToYUV422C3C2,
-               (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
-                int32_t width, int32_t height));
+PIXMOOR_TIERED(PrimStatus, ImgRGBToYUV422C3C2, PIXMOOR_GRAY_PARAMS(uint8_t));
 
 PIXMOOR_EXTERN_C_END
 
