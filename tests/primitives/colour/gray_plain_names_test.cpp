@@ -8,13 +8,14 @@ using namespace gray_harness;
 
 namespace {
 
-class TierScope {
-public:
-    explicit TierScope(int32_t tier) : saved_(PrimCurrentTier) { PrimCurrentTier = tier; }
-    ~TierScope() { PrimCurrentTier = saved_; }
+// Each test may set the reported tier; the fixture puts it back.
+class GrayPlainNames : public ::testing::Test {
+protected:
+    void SetUp() override { saved_ = PrimCurrentTier; }
+    void TearDown() override { PrimCurrentTier = saved_; }
 
 private:
-    int32_t saved_;
+    int32_t saved_ = 0;
 };
 
 template <typename Sample>
@@ -33,7 +34,7 @@ std::vector<Sample> Plain(ColorFn<Sample> f, const Source<Sample>& s, const floa
 // Pictures wide enough that the vector tiers' forms show (the 8-bit w7
 // lanes and the single-precision float lanes differ from px somewhere in
 // them).
-TEST(GrayPlainNames, RunTheReportedTier) {
+TEST_F(GrayPlainNames, RunTheReportedTier) {
     const float w[3] = {0.3f, 0.6f, 0.2f};
     const Source<uint8_t> s8c3 = RandomSource<uint8_t>(61, 3, 3, 0, 1), s8ac4 = RandomSource<uint8_t>(61, 3, 4, 0, 2);
     const Source<uint16_t> s16c3 = RandomSource<uint16_t>(61, 3, 3, 0, 3), s16ac4 = RandomSource<uint16_t>(61, 3, 4, 0, 4);
@@ -41,7 +42,7 @@ TEST(GrayPlainNames, RunTheReportedTier) {
     const Source<float> sfc3 = RandomSource<float>(61, 3, 3, 0, 7), sfac4 = RandomSource<float>(61, 3, 4, 0, 8);
     for (int tier : gray_model::kTiers) {
         SCOPED_TRACE(gray_model::TierName(tier));
-        TierScope scope(tier);
+        PrimCurrentTier = tier;
         ASSERT_EQ(PrimGetTier(), tier);
         EXPECT_EQ(Plain<uint8_t>(ImgRGBToGray8uC3, s8c3), Model(tier, nullptr, s8c3));
         EXPECT_EQ(Plain<uint8_t>(ImgRGBToGray8uAC4, s8ac4), Model(tier, nullptr, s8ac4));
@@ -69,7 +70,7 @@ TEST(GrayPlainNames, RunTheReportedTier) {
 
 // The vector forms really differ from px in these pictures, so the test
 // above tells the tiers apart.
-TEST(GrayPlainNames, PicturesTellTheTiersApart) {
+TEST_F(GrayPlainNames, PicturesTellTheTiersApart) {
     const float w[3] = {0.3f, 0.6f, 0.2f};
     const Source<uint8_t> s8 = RandomSource<uint8_t>(61, 3, 3, 0, 1);
     const Source<float> sf = RandomSource<float>(61, 3, 3, 0, 7);
