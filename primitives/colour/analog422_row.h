@@ -1,5 +1,6 @@
-// Row kernel of ImgRGBToYUV422C3C2, packed RGB to bytes Y0 U Y1 V, the same
-// plain code in every tier.
+// Row kernel of ImgRGBToYUV422C3C2, packed RGB to bytes Y0 U Y1 V, in plain
+// code: the whole line in px and m6, the pixels after the vector steps in
+// a6 and w7, whose vector kernel has the same arithmetic.
 //
 // For a pair of pixels A = 19595 R + 38470 G + 7471 B (luma at scale 2^16);
 // each Y is A >> 16 with no rounding term.  With s the pair's A sum and Bs,
