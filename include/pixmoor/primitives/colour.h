@@ -4,6 +4,7 @@
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_H
 #define PIXMOOR_PRIMITIVES_COLOUR_H
 
+#include <pixmoor/primitives/colour/gray.h>
 #include <pixmoor/primitives/colour/yuv420.h>
 #include <pixmoor/primitives/colour/yuv444.h>
 #include <pixmoor/primitives/colour/rgb16.h>
