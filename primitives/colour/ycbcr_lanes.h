@@ -51,8 +51,8 @@ inline uint8_t Cr420(Rgb sums) {
 
 // 4:2:0 inverse: luma less 16 and centred chroma scaled by 2^7.
 inline Rgb Inverse420(int32_t y, int32_t u, int32_t v) {
-    const int32_t yy = H((y - 16) << 7, 4767);
-    const int32_t du = (u - 128) << 7, dv = (v - 128) << 7;
+    const int32_t yy = H((y - 16) * 128, 4767);
+    const int32_t du = (u - 128) * 128, dv = (v - 128) * 128;  // products: the values may be negative
     const int32_t a = H(du, 8261), b = H(dv, 6537), c = H(du, 1605), d = H(dv, 3330);
     return Rgb{Sat8(AddS(yy, b) >> 3), Sat8(AddS(yy, -AddS(c, d)) >> 3), Sat8(AddS(yy, a) >> 3)};
 }
@@ -76,13 +76,13 @@ inline uint8_t ChromaPlanes(Rgb p, const int32_t k[3]) {
 // term with saturation; each sum >> 6.
 inline int32_t LumaTermPlanes(int32_t y) { return HU(SubUS(y, 16) << 8, 19069); }
 inline uint8_t InverseRPlanes(int32_t y, int32_t v) {
-    return Sat8(AddS(LumaTermPlanes(y), H((v - 128) << 8, 26146)) >> 6);
+    return Sat8(AddS(LumaTermPlanes(y), H((v - 128) * 256, 26146)) >> 6);
 }
 inline uint8_t InverseGPlanes(int32_t y, int32_t u, int32_t v) {
-    return Sat8(Wrap(Wrap(LumaTermPlanes(y) - H((u - 128) << 8, 6421)) - H((v - 128) << 8, 13318)) >> 6);
+    return Sat8(Wrap(Wrap(LumaTermPlanes(y) - H((u - 128) * 256, 6421)) - H((v - 128) * 256, 13318)) >> 6);
 }
 inline uint8_t InverseBPlanes(int32_t y, int32_t u) {
-    return Sat8(AddS(LumaTermPlanes(y), Wrap(H((u - 128) << 8, 16520) << 1)) >> 6);
+    return Sat8(AddS(LumaTermPlanes(y), Wrap(H((u - 128) * 256, 16520) * 2)) >> 6);
 }
 
 // w7's 4:4:4 interleaved forward: the matrix at half scale in 16-bit
