@@ -19,17 +19,6 @@ using namespace pixmoor_fuzz;
 
 namespace {
 
-// How one side of a member lies in memory.
-enum class Side {
-    Packed3,     // 3 bytes a pixel
-    Packed4,     // 4 bytes a pixel, byte 3 neither read nor written
-    Packed422,   // Y0 U Y1 V, 2 bytes a pixel
-    Words,       // one 16-bit word a pixel
-    Full,        // three full-size planes
-    Chroma422,   // Y full, U and V of ceil(width/2) samples, full height
-    Chroma420,   // Y full, U and V of ceil(width/2) samples, ceil(height/2) lines
-};
-enum class Steps { One, Three, Derived };  // per side
 enum class Group { Yuv444, Yuv422, Rgb16 };
 
 using Entry = PrimStatus (*)(const ImageCall&);
@@ -38,15 +27,17 @@ struct Member {
     const char* name;
     Group group;
     int index;  // member of its group's model
-    Side src, dst;
+    Layout src, dst;
     Steps srcSteps, dstSteps;
     Entry entries[5];
 };
 
-bool IsPlanes(Side s) { return s == Side::Full || s == Side::Chroma422 || s == Side::Chroma420; }
 
-
-using S = Side;
+// The sides of these members.
+namespace S {
+constexpr Layout Packed3 = Packed(3), Packed4 = Packed(4), Packed422 = Packed(2), Words = Packed(2);
+constexpr Layout Full = kPlanesFull, Chroma422 = kPlanes422, Chroma420 = kPlanes420;
+}  // namespace S
 using St = Steps;
 const Member kMembers[] = {
     {"ImgRGBToYUV", Group::Yuv444, yuv444_model::kRgbToYuv, S::Packed3, S::Packed3, St::One, St::One,
@@ -99,44 +90,6 @@ const Member kMembers[] = {
 constexpr uint32_t kMemberCount = sizeof(kMembers) / sizeof(kMembers[0]);
 const char* const kEntryNames[5] = {"plain", "px", "m6", "a6", "w7"};
 
-// The planes of one side, with their line bytes and line counts.
-struct Image {
-    Side side;
-    int count = 1;
-    Plane planes[3];
-};
-
-void Shape(Image& image, Side side, int32_t w, int32_t h) {
-    image.side = side;
-    const int32_t cw = w / 2 + (w & 1), ch = h / 2 + (h & 1);
-    image.count = IsPlanes(side) ? 3 : 1;
-    for (int p = 0; p < image.count; ++p) {
-        Plane& plane = image.planes[p];
-        plane.lines = h;
-        switch (side) {
-            case Side::Packed3: plane.lineBytes = 3 * w; break;
-            case Side::Packed4: plane.lineBytes = 4 * w; break;
-            case Side::Packed422:
-            case Side::Words: plane.lineBytes = 2 * w; break;
-            case Side::Full: plane.lineBytes = w; break;
-            case Side::Chroma422: plane.lineBytes = p == 0 ? w : cw; break;
-            case Side::Chroma420:
-                plane.lineBytes = p == 0 ? w : cw;
-                plane.lines = p == 0 ? h : ch;
-                break;
-        }
-    }
-}
-
-void ReadSteps(FuzzInput& in, Image& image, Steps steps) {
-    if (steps == Steps::Derived) {
-        for (int p = 0; p < image.count; ++p) image.planes[p].step = image.planes[p].lineBytes;
-        return;
-    }
-    for (int p = 0; p < image.count; ++p)
-        image.planes[p].step = steps == Steps::One && p > 0 ? image.planes[0].step : ReadStep(in, image.planes[p].lineBytes);
-}
-
 // Words of the 16-bit members: the top bits of each channel, red high in the
 // RGB orders and low in the BGR orders.
 uint16_t Word(int layout, int r, int g, int b) {
@@ -165,88 +118,25 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzInput in(data, size);
     const Member& m = kMembers[in.Below(kMemberCount)];
     const uint32_t entry = in.Below(5);
-    const int32_t width = ReadImageLength(in, 70), height = ReadImageLength(in, 24);
-    const uint8_t nulls = in.Byte();
-    const bool sized = width >= 1 && height >= 1;
-    const int32_t w = sized ? width : 1, h = sized ? height : 1;
-
-    Image src, dst;
-    Shape(src, m.src, w, h);
-    Shape(dst, m.dst, w, h);
-    ReadSteps(in, src, m.srcSteps);
-    ReadSteps(in, dst, m.dstSteps);
-
-    // Outer pointers: packed buffers, plane arrays and step arrays; then the
-    // size; then each plane pointer, source first; then the steps.
-    const bool nullSrcOuter = nulls == 0xF0, nullDstOuter = nulls == 0xF1;
-    const bool nullSrcSteps = nulls == 0xF8 && m.srcSteps == Steps::Three;
-    const bool nullDstSteps = nulls == 0xF9 && m.dstSteps == Steps::Three;
-    int nullSrcPlane = nulls >= 0xF2 && nulls <= 0xF4 ? nulls - 0xF2 : -1;
-    int nullDstPlane = nulls >= 0xF5 && nulls <= 0xF7 ? nulls - 0xF5 : -1;
-    if (nullSrcPlane >= src.count) nullSrcPlane = -1;
-    if (nullDstPlane >= dst.count) nullDstPlane = -1;
-    const bool outer = nullSrcOuter || nullDstOuter || nullSrcSteps || nullDstSteps ||
-                       (nullSrcPlane >= 0 && !IsPlanes(m.src)) || (nullDstPlane >= 0 && !IsPlanes(m.dst));
-    const bool inner = (nullSrcPlane >= 0 && IsPlanes(m.src)) || (nullDstPlane >= 0 && IsPlanes(m.dst));
-    bool badStep = false;
-    for (int p = 0; p < src.count; ++p) badStep |= src.planes[p].step < 1;
-    for (int p = 0; p < dst.count; ++p) badStep |= dst.planes[p].step < 1;
-    const PrimStatus expected = outer    ? PrimStatusNullPointer
-                                : !sized ? PrimStatusSizeError
-                                : inner  ? PrimStatusNullPointer
-                                : badStep ? PrimStatusStepError
-                                          : PrimStatusOk;
-    const bool accepted = expected == PrimStatusOk;
-
-    for (int p = 0; p < src.count; ++p) {
-        src.planes[p].Make(accepted, 0, in.Byte() % 16);
-        in.Fill(src.planes[p].bytes->data(), src.planes[p].bytes->size());
-        src.planes[p].before = src.planes[p].bytes->Contents();
-    }
-    for (int p = 0; p < dst.count; ++p) {
-        // 16-bit words start on an even address, as a uint16_t pointer must.
-        dst.planes[p].Make(accepted, 0, in.Byte() % 16 & (m.dst == Side::Words ? ~1u : ~0u));
-        for (size_t i = 0; i < dst.planes[p].bytes->size(); ++i)
-            dst.planes[p].bytes->data()[i] = static_cast<uint8_t>(i * 7 + 3 * p);
-        dst.planes[p].before = dst.planes[p].bytes->Contents();
-    }
-    const uint8_t* srcPtrs[3] = {};
-    uint8_t* dstPtrs[3] = {};
-    int32_t srcSteps[3] = {}, dstSteps[3] = {};
-    for (int p = 0; p < src.count; ++p) {
-        srcPtrs[p] = p == nullSrcPlane ? nullptr : src.planes[p].bytes->data();
-        srcSteps[p] = src.planes[p].step;
-    }
-    for (int p = 0; p < dst.count; ++p) {
-        dstPtrs[p] = p == nullDstPlane ? nullptr : dst.planes[p].bytes->data();
-        dstSteps[p] = dst.planes[p].step;
-    }
-    ImageCall call{};
-    call.width = width, call.height = height;
-    call.srcPacked = nullSrcOuter ? nullptr : srcPtrs[0];
-    call.srcPlanes = nullSrcOuter ? nullptr : srcPtrs;
-    call.srcStep = srcSteps[0];
-    call.srcSteps = nullSrcSteps ? nullptr : srcSteps;
-    call.dstPacked = nullDstOuter ? nullptr : dstPtrs[0];
-    call.dstPlanes = nullDstOuter ? nullptr : dstPtrs;
-    call.dstStep = dstSteps[0];
-    call.dstSteps = nullDstSteps ? nullptr : dstSteps;
-
-    const PrimStatus status = m.entries[entry](call);
+    CheckedCall c;
+    // 16-bit words start on an even address, as a uint16_t pointer must.
+    PrepareCall(in, c, m.src, m.srcSteps, m.dst, m.dstSteps, false, 0, m.group == Group::Rgb16 ? 2 : 1);
+    const int32_t w = c.w, h = c.h, width = c.call.width, height = c.call.height;
+    const PrimStatus expected = c.expected;
+    const bool accepted = c.accepted;
+    Image& src = c.src;
+    Image& dst = c.dst;
+    const PrimStatus status = m.entries[entry](c.call);
     FUZZ_CHECK(status == expected, "%s %s %dx%d: status %d, expected %d", m.name, kEntryNames[entry], width, height,
                status, expected);
-    for (int p = 0; p < src.count; ++p)
-        FUZZ_CHECK(src.planes[p].bytes->Equals(src.planes[p].before), "%s %s changed its source", m.name,
-                   kEntryNames[entry]);
+    FUZZ_CHECK(SourceUnchanged(c), "%s %s changed its source", m.name, kEntryNames[entry]);
     const bool writesNothing = !accepted || (m.group == Group::Rgb16 && (w == 1 || h == 1));
     if (writesNothing) {
-        for (int p = 0; p < dst.count; ++p)
-            FUZZ_CHECK(dst.planes[p].bytes->Equals(dst.planes[p].before), "%s %s wrote though it must not (status %d)",
-                       m.name, kEntryNames[entry], status);
+        FUZZ_CHECK(DestinationUnchanged(c), "%s %s wrote though it must not (status %d)", m.name, kEntryNames[entry],
+                   status);
         return 0;
     }
-    for (int p = 0; p < dst.count; ++p)
-        if (dst.planes[p].Overlaps()) return 0;  // bounds only
+    if (DestinationOverlaps(c)) return 0;  // bounds only
 
     // The plain names run px: nothing in this program selects a tier.
     const int tier = entry == 0 ? 0 : static_cast<int>(entry) - 1;
@@ -256,7 +146,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (m.group == Group::Yuv422) {
         if (tier > 1) return 0;  // the vector tiers keep arithmetic of their own
         // m6 and the plain name are px's plain code: the same bytes.
-        ImageCall again = call;
+        ImageCall again = c.call;
         std::vector<std::unique_ptr<ExactBuffer>> copies;
         uint8_t* copyPtrs[3] = {};
         for (int p = 0; p < dst.count; ++p) {
@@ -270,15 +160,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         for (int p = 0; p < dst.count; ++p) want[p] = copies[p]->Contents();
     } else if (m.group == Group::Yuv444) {
         const auto member = static_cast<yuv444_model::Member>(m.index);
-        const int pixelBytes = m.src == Side::Packed4 ? 4 : 3, outBytes = m.dst == Side::Packed4 ? 4 : 3;
+        const int pixelBytes = m.src.pixelBytes, outBytes = m.dst.pixelBytes;
         for (int32_t y = 0; y < h; ++y)
             for (int32_t x = 0; x < w; ++x) {
                 yuv444_model::Trio t;
                 for (int c = 0; c < 3; ++c)
-                    t.s[c] = IsPlanes(m.src) ? src.planes[c].At(x, y) : src.planes[0].At(x * pixelBytes + c, y);
+                    t.s[c] = m.src.planes == 3 ? src.planes[c].At(x, y) : src.planes[0].At(x * pixelBytes + c, y);
                 const yuv444_model::Trio out = yuv444_model::Model(member, tier, t, x, w);
                 for (int c = 0; c < 3; ++c) {
-                    if (IsPlanes(m.dst))
+                    if (m.dst.planes == 3)
                         want[c][static_cast<size_t>(y) * dst.planes[c].step + x] = static_cast<uint8_t>(out.s[c]);
                     else
                         want[0][static_cast<size_t>(y) * dst.planes[0].step + x * outBytes + c] =
