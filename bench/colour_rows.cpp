@@ -1,0 +1,7 @@
+#include "bench_rows.h"
+
+namespace bench {
+
+void AddColourRows(RowList&) {}
+
+}  // namespace bench

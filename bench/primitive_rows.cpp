@@ -1,0 +1,7 @@
+#include "bench_rows.h"
+
+namespace bench {
+
+void AddPrimitiveRows(RowList&) {}
+
+}  // namespace bench
