@@ -140,7 +140,7 @@ void WriteJson(std::ostream& out, const RowList& rows, const RunFacts& facts) {
     out << "\n  ]\n}\n";
 }
 
-// Chart data.  Peers: one bar per row of the largest frames that has a peer
+// Chart data, drawn by chart.gp; chart-counts.gp tells it how many bars.  Peers: one bar per row of the largest frames that has a peer
 // (and each fixed size pair), from its first Pixmoor variant, which is the
 // selected tier where tiers apply.  Memcpy: the primitive and mirror rows of
 // the largest frames, one column per tier.
@@ -150,14 +150,16 @@ void WriteChartData(const RowList& rows, const std::string& dir) {
     peers << "row\tvs_best_peer\n";
     limit << "row\tpx\tm6\ta6\tw7\n";
     const std::string largest = SizeLabel(kFrameSizes[2].width, kFrameSizes[2].height);
+    int peerRows = 0, limitRows = 0;
     for (const Row& row : rows) {
         bool largestFrame = row.size.rfind(largest, 0) == 0;
         bool fixedPair = row.group == "size" && row.name.find("Generic") == std::string::npos &&
                          row.name.find("I420") == std::string::npos;
         const Variant* peer = BestPeer(row);
         if ((largestFrame || fixedPair) && peer && !row.pixmoor.empty() && row.pixmoor[0].measured) {
-            std::string label = row.name + (fixedPair ? " " + row.size : "");
+            std::string label = row.name + (row.group == "size" ? " " + row.size : "");
             peers << '"' << label << "\"\t" << Ratio(peer->seconds / row.pixmoor[0].seconds) << "\n";
+            ++peerRows;
         }
         if (largestFrame && (row.group == "primitive" || row.group == "mirror") && row.memcpyLimit.measured) {
             limit << '"' << row.name << '"';
@@ -168,8 +170,10 @@ void WriteChartData(const RowList& rows, const std::string& dir) {
                 limit << '\t' << value;
             }
             limit << "\n";
+            ++limitRows;
         }
     }
+    std::ofstream(dir + "/chart-counts.gp") << "peer_rows = " << peerRows << "\nmemcpy_rows = " << limitRows << "\n";
 }
 
 }  // namespace
