@@ -11,6 +11,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -27,8 +28,13 @@ struct Job {
 };
 
 // Makes a job, or returns null when the routine can't be set up here (a peer
-// that refuses the format, for instance).
+// that refuses the format, for instance).  A maker that knows why throws
+// Unavailable with the reason instead.
 using JobMaker = std::function<std::unique_ptr<Job>()>;
+
+struct Unavailable : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
 
 struct Variant {
     std::string label;  // "w7", "selected (w7)", "libyuv I420ToRGB24", "memcpy"
@@ -37,6 +43,7 @@ struct Variant {
     bool measured = false;
     bool failed = false;      // set up but did not do its work
     bool unavailable = false; // could not be set up
+    std::string why;          // what stood in the way, when known
     double seconds = 0;       // best time per frame over the repetitions
 };
 

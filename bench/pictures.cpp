@@ -60,6 +60,13 @@ Picture PictureOf(Layout layout, const uint8_t* base, int width, int height) {
     return picture;
 }
 
+Picture Packed(const uint8_t* base, int stride) {
+    Picture picture;
+    picture.plane[0] = const_cast<uint8_t*>(base);  // sources are only read
+    picture.stride[0] = stride;
+    return picture;
+}
+
 Picture Flipped(const Picture& picture, Layout layout, int height) {
     Picture flipped = picture;
     int planes = IsPlanar(layout) ? 3 : 1;

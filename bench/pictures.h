@@ -31,6 +31,8 @@ const char* LayoutName(Layout layout);
 bool IsPlanar(Layout layout);
 size_t FrameBytes(Layout layout, int width, int height);
 Picture PictureOf(Layout layout, const uint8_t* base, int width, int height);
+// One packed plane at `base`, `stride` bytes a line.
+Picture Packed(const uint8_t* base, int stride);
 // The same picture walked from its last row up.
 Picture Flipped(const Picture& picture, Layout layout, int height);
 

@@ -60,7 +60,7 @@ std::string JsonVariant(const Variant& v) {
     if (v.measured) out << ", \"us_per_frame\": " << Micros(v.seconds);
     out << ", \"ran\": " << (v.measured ? "true" : "false");
     if (v.failed) out << ", \"error\": \"did not run\"";
-    if (v.unavailable) out << ", \"error\": \"could not be set up\"";
+    if (v.unavailable) out << ", \"error\": " << JsonString(v.why.empty() ? "could not be set up" : v.why);
     out << "}";
     return out.str();
 }
@@ -91,7 +91,7 @@ void WriteTable(std::ostream& out, const RowList& rows, const RunFacts& facts) {
             for (const Variant& v : row.pixmoor) {
                 out << "| " << row.name << " | " << row.size << " | " << v.label << " | ";
                 if (!v.measured) {
-                    out << (v.failed ? "DID NOT RUN" : "not set up") << " | | | | | |\n";
+                    out << (v.failed ? "DID NOT RUN" : "not set up") << " | | | | | " << v.why << " |\n";
                     continue;
                 }
                 out << Micros(v.seconds) << " | " << (peer ? peer->label : "-") << " | "

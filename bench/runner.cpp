@@ -26,6 +26,10 @@ void Prepare(Variant* variant) {
         live.job = variant->make ? variant->make() : nullptr;
     } catch (const std::bad_alloc&) {
         live.job.reset();
+        variant->why = "out of memory";
+    } catch (const Unavailable& reason) {
+        live.job.reset();
+        variant->why = reason.what();
     }
     if (!live.job) {
         variant->unavailable = true;
@@ -38,7 +42,7 @@ void Prepare(Variant* variant) {
 void Measure(benchmark::State& state, Variant* variant) {
     if (live.variant != variant) Prepare(variant);
     if (variant->unavailable) {
-        state.SkipWithError("could not be set up");
+        state.SkipWithError(variant->why.empty() ? "could not be set up" : variant->why.c_str());
         return;
     }
     if (variant->failed) {
