@@ -39,6 +39,10 @@ struct Unavailable : std::runtime_error {
 struct Variant {
     std::string label;  // "w7", "selected (w7)", "libyuv I420ToRGB24", "memcpy"
     JobMaker make;
+    // Variants with the same non-empty key do the same job on the same
+    // bytes (memcpy of a length, a peer routine shared by several rows):
+    // one of them is measured and the others take its result.
+    std::string shareKey;
     // Filled by the run.
     bool measured = false;
     bool failed = false;      // set up but did not do its work

@@ -1,7 +1,7 @@
 // The benchmark of Pixmoor against its peers and against memcpy.  Options:
 //   --out=DIR          where report.md, report.json and the chart data go
 //                      (default bench-results)
-//   --min-time=SEC     minimum time of one repetition (default 0.05)
+//   --min-time=SEC     minimum time of one repetition (default 0.02)
 //   --repetitions=N    repetitions; the best one counts (default 3)
 //   --filter=TEXT      measure only the variants whose name contains TEXT
 // Other arguments go to Google Benchmark.
@@ -34,6 +34,7 @@ std::string SizeLabel(int32_t width, int32_t height) {
 Variant MemcpyVariant(int64_t bytes) {
     Variant v;
     v.label = "memcpy";
+    v.shareKey = "memcpy " + std::to_string(bytes);
     v.make = [bytes]() -> std::unique_ptr<Job> {
         std::shared_ptr<FrameBuffer> dst = MakeDestination(size_t(bytes));
         uint8_t* to = dst->data();

@@ -167,6 +167,8 @@ void AddMirrorRow(RowList& rows, const MirrorMember& member, FrameSize size, Mir
         row.peers.push_back(LibyuvVariant(
             member.mirrorName, [=](uint8_t* dst) { return mirror(source, step, dst, step, w, h); }, bytes));
     }
+    // A member and its in-place twin share their peers' jobs.
+    for (Variant& peer : row.peers) peer.shareKey = peer.label + " " + row.size + " step " + std::to_string(step);
     if (member.inPlace && !row.peers.empty()) row.note = "the peers write to another picture";
     row.memcpyLimit = MemcpyVariant(row.outputBytes);
     rows.push_back(std::move(row));

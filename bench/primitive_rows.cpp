@@ -101,6 +101,8 @@ void AddYuv420Rows(RowList& rows, FrameSize size) {
     toRgbPeers.push_back(SwscaleVariant({AV_PIX_FMT_YUV420P, w, h}, yuvSrc, {AV_PIX_FMT_RGB24, w, h},
                                         [=](uint8_t* dst) { return Packed(dst, 3 * w); },
                                         rgbBytes));
+    // Rows 12 and 13 do one job: their peers are measured once.
+    for (Variant& peer : toRgbPeers) peer.shareKey = peer.label + " " + SizeLabel(w, h);
     {
         using Fn = PrimStatus (*)(const uint8_t* const[3], uint8_t*, int32_t, int32_t);
         static const Fn tiers[4] = TIER_ENTRIES(ImgYUV420ToRGB);

@@ -140,11 +140,20 @@ void WriteJson(std::ostream& out, const RowList& rows, const RunFacts& facts) {
     out << "\n  ]\n}\n";
 }
 
-// Chart data, drawn by chart.gp; chart-counts.gp tells it how many bars.  Peers: one bar per row of the largest frames that has a peer
-// (and each fixed size pair), from its first Pixmoor variant, which is the
-// selected tier where tiers apply.  Memcpy: the primitive and mirror rows of
-// the largest frames, one column per tier.
-void WriteChartData(const RowList& rows, const std::string& dir) {
+// The variant that stands for a row where one must: the selected tier (a
+// pair's "selected" variant, or a primitive's entry of the tier selection
+// picks), else the first.
+const Variant& Headline(const Row& row, const std::string& selectedTier) {
+    for (const Variant& v : row.pixmoor)
+        if (v.label.rfind("selected", 0) == 0 || v.label == selectedTier) return v;
+    return row.pixmoor.front();
+}
+
+// Chart data, drawn by chart.gp; chart-counts.gp tells it how many bars.
+// Peers: one bar per row of the largest frames that has a peer (and each
+// fixed size pair), from the row's headline variant.  Memcpy: the primitive
+// and mirror rows of the largest frames, one column per tier.
+void WriteChartData(const RowList& rows, const std::string& selectedTier, const std::string& dir) {
     std::ofstream peers(dir + "/chart-peers.tsv");
     std::ofstream limit(dir + "/chart-memcpy.tsv");
     peers << "row\tvs_best_peer\n";
@@ -156,9 +165,10 @@ void WriteChartData(const RowList& rows, const std::string& dir) {
         bool fixedPair = row.group == "size" && row.name.find("Generic") == std::string::npos &&
                          row.name.find("I420") == std::string::npos;
         const Variant* peer = BestPeer(row);
-        if ((largestFrame || fixedPair) && peer && !row.pixmoor.empty() && row.pixmoor[0].measured) {
+        const Variant* headline = row.pixmoor.empty() ? nullptr : &Headline(row, selectedTier);
+        if ((largestFrame || fixedPair) && peer && headline && headline->measured) {
             std::string label = row.name + (row.group == "size" ? " " + row.size : "");
-            peers << '"' << label << "\"\t" << Ratio(peer->seconds / row.pixmoor[0].seconds) << "\n";
+            peers << '"' << label << "\"\t" << Ratio(peer->seconds / headline->seconds) << "\n";
             ++peerRows;
         }
         if (largestFrame && (row.group == "primitive" || row.group == "mirror") && row.memcpyLimit.measured) {
@@ -185,7 +195,7 @@ int WriteReport(const RowList& rows, const RunFacts& facts, const std::string& d
     std::ofstream(dir + "/report.md") << table.str();
     std::ofstream json(dir + "/report.json");
     WriteJson(json, rows, facts);
-    WriteChartData(rows, dir);
+    WriteChartData(rows, facts.selectedTier, dir);
     int failures = 0;
     for (const Row& row : rows) {
         for (const Variant& v : row.pixmoor) failures += v.failed;

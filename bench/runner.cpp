@@ -90,9 +90,19 @@ private:
 
 size_t RunRows(RowList& rows, const RunSettings& settings, const std::string& filter) {
     std::map<std::string, Variant*> byName;
+    std::map<std::string, Variant*> byKey;          // the measured one of each shared job
+    std::vector<std::pair<Variant*, Variant*>> sharers;  // (takes the result, of)
     auto add = [&](const Row& row, Variant& v) {
         std::string name = row.group + "/" + row.name + "/" + row.size + "/" + v.label;
         if (!filter.empty() && name.find(filter) == std::string::npos) return;
+        if (!v.shareKey.empty()) {
+            auto known = byKey.find(v.shareKey);
+            if (known != byKey.end()) {
+                sharers.emplace_back(&v, known->second);
+                return;
+            }
+            byKey[v.shareKey] = &v;
+        }
         // Names are unique by construction; a repeat would be a table error.
         while (byName.count(name)) name += "'";
         byName[name] = &v;
@@ -110,6 +120,11 @@ size_t RunRows(RowList& rows, const RunSettings& settings, const std::string& fi
     ProgressReporter reporter(byName);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     live = LiveJob();
+    for (auto& [sharer, measured] : sharers) {
+        std::string label = sharer->label;
+        *sharer = *measured;
+        sharer->label = label;
+    }
     return byName.size();
 }
 

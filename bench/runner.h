@@ -8,7 +8,7 @@
 namespace bench {
 
 struct RunSettings {
-    double minSeconds = 0.05;  // per repetition
+    double minSeconds = 0.02;  // per repetition
     int repetitions = 3;
 };
 
