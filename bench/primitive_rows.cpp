@@ -133,24 +133,40 @@ void AddYuv420Rows(RowList& rows, FrameSize size) {
 }
 #endif
 
+#if PIXMOOR_BENCH_HAVE_YUV444 || PIXMOOR_BENCH_HAVE_YUV422
+using PackedToPacked = PrimStatus (*)(const uint8_t*, int32_t, uint8_t*, int32_t, int32_t, int32_t);
+
+// A member of the packed to packed shape on tight lines of `inBytes` and
+// `outBytes` a pixel, reading the shared source; the caller adds the peers.
+PrimitiveRow PackedMember(const char* name, const PackedToPacked (&tiers)[4], int32_t inBytes, int32_t outBytes,
+                          FrameSize size, const char* note) {
+    int32_t w = size.width, h = size.height;
+    const uint8_t* source = SharedSource();
+    PrimitiveRow member;
+    member.name = name;
+    member.outputBytes = size_t(w) * h * outBytes;
+    member.note = note;
+    member.call = [&tiers, source, w, h, inBytes, outBytes](int tier, uint8_t* dst) {
+        return tiers[tier](source, inBytes * w, dst, outBytes * w, w, h);
+    };
+    return member;
+}
+#endif
+
 #if PIXMOOR_BENCH_HAVE_YUV444
 // Row 14: 4-byte pixels, Y U V and a fourth byte left alone.
+const PackedToPacked kYuvaToRgba[4] = TIER_ENTRIES(ImgYUVAToRGBA);
+
 void AddYuv444Row(RowList& rows, FrameSize size) {
     int w = size.width, h = size.height;
-    const uint8_t* source = SharedSource();
-    size_t bytes = size_t(w) * h * 4;
-    using Fn = PrimStatus (*)(const uint8_t*, int32_t, uint8_t*, int32_t, int32_t, int32_t);
-    static const Fn tiers[4] = TIER_ENTRIES(ImgYUVAToRGBA);
-    PrimitiveRow member;
-    member.name = "ImgYUVAToRGBA (row 14)";
-    member.outputBytes = bytes;
-    member.note = "neither peer reads packed 4:4:4; both convert planar 4:4:4 to 4-byte RGB";
-    member.call = [=](int tier, uint8_t* dst) { return tiers[tier](source, 4 * w, dst, 4 * w, w, h); };
+    PrimitiveRow member = PackedMember("ImgYUVAToRGBA (row 14)", kYuvaToRgba, 4, 4, size,
+                                       "neither peer reads packed 4:4:4; both convert planar 4:4:4 to 4-byte RGB");
     Picture planes;
     for (int i = 0; i < 3; ++i) {
-        planes.plane[i] = const_cast<uint8_t*>(source) + size_t(i) * w * h;
+        planes.plane[i] = const_cast<uint8_t*>(SharedSource()) + size_t(i) * w * h;
         planes.stride[i] = w;
     }
+    size_t bytes = member.outputBytes;
     member.peers.push_back(LibyuvVariant(
         "I444ToARGB",
         [=](uint8_t* dst) {
@@ -158,31 +174,25 @@ void AddYuv444Row(RowList& rows, FrameSize size) {
         },
         bytes));
     member.peers.push_back(SwscaleVariant({AV_PIX_FMT_YUV444P, w, h}, planes, {AV_PIX_FMT_RGBA, w, h},
-                                          [=](uint8_t* dst) { return Packed(dst, 4 * w); },
-                                          bytes));
+                                          [=](uint8_t* dst) { return Packed(dst, 4 * w); }, bytes));
     AddTiered(rows, std::move(member), size);
 }
 #endif
 
 #if PIXMOOR_BENCH_HAVE_YUV422
 // Row 15: packed Y0 U Y1 V to packed R, G, B.
+const PackedToPacked kYuv422ToRgb[4] = TIER_ENTRIES(ImgYUV422ToRGB);
+
 void AddYuv422Row(RowList& rows, FrameSize size) {
     int w = size.width, h = size.height;
     const uint8_t* source = SharedSource();
-    size_t bytes = size_t(w) * h * 3;
-    using Fn = PrimStatus (*)(const uint8_t*, int32_t, uint8_t*, int32_t, int32_t, int32_t);
-    static const Fn tiers[4] = TIER_ENTRIES(ImgYUV422ToRGB);
-    PrimitiveRow member;
-    member.name = "ImgYUV422ToRGB (row 15)";
-    member.outputBytes = bytes;
-    member.note = "libyuv has no packed 4:2:2 to 3-byte RGB; its nearest writes 4-byte pixels";
-    member.call = [=](int tier, uint8_t* dst) { return tiers[tier](source, 2 * w, dst, 3 * w, w, h); };
+    PrimitiveRow member = PackedMember("ImgYUV422ToRGB (row 15)", kYuv422ToRgb, 2, 3, size,
+                                       "libyuv has no packed 4:2:2 to 3-byte RGB; its nearest writes 4-byte pixels");
     member.peers.push_back(LibyuvVariant(
         "YUY2ToARGB", [=](uint8_t* dst) { return libyuv::YUY2ToARGB(source, 2 * w, dst, 4 * w, w, h); },
         size_t(w) * h * 4));
     member.peers.push_back(SwscaleVariant({AV_PIX_FMT_YUYV422, w, h}, Packed(source, 2 * w), {AV_PIX_FMT_RGB24, w, h},
-                                          [=](uint8_t* dst) { return Packed(dst, 3 * w); },
-                                          bytes));
+                                          [=](uint8_t* dst) { return Packed(dst, 3 * w); }, member.outputBytes));
     AddTiered(rows, std::move(member), size);
 }
 #endif

@@ -71,7 +71,14 @@ bool AnyMeasured(const Row& row) {
     return false;
 }
 
-void WriteTable(std::ostream& out, const RowList& rows, const RunFacts& facts) {
+// The rows of the largest frames and the fixed size pairs: the targets of
+// the performance work, and the table the README shows.
+bool InSummary(const Row& row) {
+    const std::string largest = SizeLabel(kFrameSizes[2].width, kFrameSizes[2].height);
+    return row.size.rfind(largest, 0) == 0 || (row.group == "size" && row.name.find("24 RG24") != std::string::npos);
+}
+
+void WriteTable(std::ostream& out, const RowList& rows, const RunFacts& facts, bool summaryOnly) {
     out << "Measured " << facts.date << " on " << facts.processor;
     if (!facts.selectedTier.empty()) out << "; PrimSelectBestTier picks " << facts.selectedTier;
     out << ". Times are processor time per frame in microseconds, the best of " << facts.repetitions
@@ -80,7 +87,7 @@ void WriteTable(std::ostream& out, const RowList& rows, const RunFacts& facts) {
         bool header = false;
         std::set<std::string> notes;
         for (const Row& row : rows) {
-            if (row.group != group[0] || !AnyMeasured(row)) continue;
+            if (row.group != group[0] || !AnyMeasured(row) || (summaryOnly && !InSummary(row))) continue;
             if (!header) {
                 out << "\n### " << group[1] << "\n\n"
                     << "| row | size | Pixmoor | us | best peer | us | vs peer | memcpy us | vs memcpy |\n"
@@ -162,8 +169,7 @@ void WriteChartData(const RowList& rows, const std::string& selectedTier, const 
     int peerRows = 0, limitRows = 0;
     for (const Row& row : rows) {
         bool largestFrame = row.size.rfind(largest, 0) == 0;
-        bool fixedPair = row.group == "size" && row.name.find("Generic") == std::string::npos &&
-                         row.name.find("I420") == std::string::npos;
+        bool fixedPair = InSummary(row) && !largestFrame;
         const Variant* peer = BestPeer(row);
         const Variant* headline = row.pixmoor.empty() ? nullptr : &Headline(row, selectedTier);
         if ((largestFrame || fixedPair) && peer && headline && headline->measured) {
@@ -190,9 +196,11 @@ void WriteChartData(const RowList& rows, const std::string& selectedTier, const 
 
 int WriteReport(const RowList& rows, const RunFacts& facts, const std::string& dir) {
     std::ostringstream table;
-    WriteTable(table, rows, facts);
+    WriteTable(table, rows, facts, false);
     std::cout << table.str();
     std::ofstream(dir + "/report.md") << table.str();
+    std::ofstream summary(dir + "/summary.md");
+    WriteTable(summary, rows, facts, true);
     std::ofstream json(dir + "/report.json");
     WriteJson(json, rows, facts);
     WriteChartData(rows, facts.selectedTier, dir);

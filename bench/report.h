@@ -18,7 +18,8 @@ struct RunFacts {
     int repetitions;
 };
 
-// Writes the table to standard output and to `dir`/report.md, the JSON file
+// Writes the table to standard output and to `dir`/report.md, the rows of
+// the largest frames and the fixed size pairs to `dir`/summary.md, the JSON file
 // `dir`/report.json and the chart data `dir`/chart-peers.tsv and
 // `dir`/chart-memcpy.tsv.  Returns the number of variants that were set up
 // but did not run (failures).
