@@ -89,7 +89,7 @@ void WriteTable(std::ostream& out, const RowList& rows, const RunFacts& facts, b
         for (const Row& row : rows) {
             if (row.group != group[0] || !AnyMeasured(row) || (summaryOnly && !InSummary(row))) continue;
             if (!header) {
-                out << "\n### " << group[1] << "\n\n"
+                out << "\n#### " << group[1] << "\n\n"
                     << "| row | size | Pixmoor | us | best peer | us | vs peer | memcpy us | vs memcpy |\n"
                     << "|---|---|---|--:|---|--:|--:|--:|--:|\n";
                 header = true;
