@@ -103,33 +103,16 @@ void AddYuv420Rows(RowList& rows, FrameSize size) {
                                         rgbBytes));
     // Rows 12 and 13 do one job: their peers are measured once.
     for (Variant& peer : toRgbPeers) peer.shareKey = peer.label + " " + SizeLabel(w, h);
-    {
-        using Fn = PrimStatus (*)(const uint8_t* const[3], uint8_t*, int32_t, int32_t);
-        static const Fn tiers[4] = TIER_ENTRIES(ImgYUV420ToRGB);
-        PrimitiveRow member;
-        member.name = "ImgYUV420ToRGB (row 12)";
-        member.outputBytes = rgbBytes;
-        member.call = [=](int tier, uint8_t* dst) {
-            const uint8_t* const planes[3] = {yuvSrc.plane[0], yuvSrc.plane[1], yuvSrc.plane[2]};
-            return tiers[tier](planes, dst, w, h);
-        };
-        member.peers = toRgbPeers;
-        AddTiered(rows, std::move(member), size);
-    }
-    {
-        using Fn = PrimStatus (*)(const uint8_t* const[3], const int32_t[3], uint8_t*, int32_t, int32_t, int32_t);
-        static const Fn tiers[4] = TIER_ENTRIES(ImgYUV420ToRGB_Step);
-        PrimitiveRow member;
-        member.name = "ImgYUV420ToRGB_Step (row 13)";
-        member.outputBytes = rgbBytes;
-        member.call = [=](int tier, uint8_t* dst) {
-            const uint8_t* const planes[3] = {yuvSrc.plane[0], yuvSrc.plane[1], yuvSrc.plane[2]};
-            const int32_t steps[3] = {yuvSrc.stride[0], yuvSrc.stride[1], yuvSrc.stride[2]};
-            return tiers[tier](planes, steps, dst, 3 * w, w, h);
-        };
-        member.peers = toRgbPeers;
-        AddTiered(rows, std::move(member), size);
-    }
+    using Compact = PrimStatus (*)(const uint8_t* const[3], uint8_t*, int32_t, int32_t);
+    static const Compact compact[4] = TIER_ENTRIES(ImgYUV420ToRGB);
+    using Stepped = PrimStatus (*)(const uint8_t* const[3], const int32_t[3], uint8_t*, int32_t, int32_t, int32_t);
+    static const Stepped stepped[4] = TIER_ENTRIES(ImgYUV420ToRGB_Step);
+    const uint8_t* const planes[3] = {yuvSrc.plane[0], yuvSrc.plane[1], yuvSrc.plane[2]};
+    const int32_t steps[3] = {yuvSrc.stride[0], yuvSrc.stride[1], yuvSrc.stride[2]};
+    auto call12 = [=](int tier, uint8_t* dst) { return compact[tier](planes, dst, w, h); };
+    auto call13 = [=](int tier, uint8_t* dst) { return stepped[tier](planes, steps, dst, 3 * w, w, h); };
+    AddTiered(rows, {"ImgYUV420ToRGB (row 12)", rgbBytes, call12, toRgbPeers, ""}, size);
+    AddTiered(rows, {"ImgYUV420ToRGB_Step (row 13)", rgbBytes, call13, toRgbPeers, ""}, size);
 }
 #endif
 
