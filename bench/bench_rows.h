@@ -54,7 +54,7 @@ struct Variant {
 struct Row {
     std::string group;  // "size", "colour", "primitive", "mirror"
     std::string name;   // what is measured, e.g. "I420 > RG24"
-    std::string size;   // frame size, e.g. "1920x1080" or "176x144 > 352x288"
+    std::string size;   // frame size, e.g. "1920x1080" or "176x144>352x288"
     std::string note;   // how the peers were mapped, where it needs saying
     int64_t outputBytes = 0;
     std::vector<Variant> pixmoor;
