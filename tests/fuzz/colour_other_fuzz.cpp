@@ -135,6 +135,7 @@ std::vector<std::vector<uint8_t>> RunOnCopies(const CheckedCall& c, Entry entry,
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const IsaCeiling isa(data, size);
     FuzzInput in(data, size);
     const Member& m = kMembers[in.Below(kMemberCount)];
     const uint32_t entry = in.Below(5);

@@ -115,6 +115,7 @@ yuv420_model::Pixel NarrowRgb16(int y, int u, int v) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const IsaCeiling isa(data, size);
     FuzzInput in(data, size);
     const Member& m = kMembers[in.Below(kMemberCount)];
     const uint32_t entry = in.Below(5);

@@ -257,6 +257,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const IsaCeiling isa(data, size);
     FuzzInput in(data, size);
     CheckNeedsConversion(in);
 

@@ -50,6 +50,7 @@ const char* const kEntryNames[5] = {"plain", "px", "m6", "a6", "w7"};
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const IsaCeiling isa(data, size);
     FuzzInput in(data, size);
     const Member& m = kMembers[in.Below(kMemberCount)];
     const uint32_t entry = in.Below(5);

@@ -13,6 +13,8 @@
 #include <memory>
 #include <vector>
 
+#include "runtime/isa.h"
+
 namespace pixmoor_fuzz {
 
 // A property that must hold: abort with the reason, so that the fuzzer keeps
@@ -82,6 +84,21 @@ private:
     size_t size_;
     std::unique_ptr<uint8_t[]> block_;
     uint8_t* data_;
+};
+
+// Holds, for one input, an instruction-set ceiling chosen by the input's last
+// byte (which the harness reads as data too), so that every fast path and
+// each narrower fallback of the library meets the same properties.
+class IsaCeiling {
+public:
+    IsaCeiling(const uint8_t* data, size_t size) : limit_(Choose(data, size)) {}
+
+private:
+    static pixmoor::isa::Level Choose(const uint8_t* data, size_t size) {
+        const int levels = pixmoor::isa::Detected() + 1;
+        return static_cast<pixmoor::isa::Level>(size == 0 ? levels - 1 : data[size - 1] % levels);
+    }
+    pixmoor::isa::ScopedLimit limit_;
 };
 
 // Index of the first byte where two byte strings differ, or -1.

@@ -192,6 +192,7 @@ void CheckInPlace(FuzzInput& in, const Member& m, uint32_t entry) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const IsaCeiling isa(data, size);
     FuzzInput in(data, size);
     const Member& m = kMembers[in.Below(kMemberCount)];
     const uint32_t entry = in.Below(5);

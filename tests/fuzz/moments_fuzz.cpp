@@ -293,6 +293,7 @@ void CheckReadOut(FuzzInput& in, ImgMomentState* state, bool stateValid, bool nu
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const IsaCeiling isa(data, size);
     FuzzInput in(data, size);
     const Member& m = kMembers[in.Below(6)];
     const uint32_t entry = in.Below(5);

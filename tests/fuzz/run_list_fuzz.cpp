@@ -73,6 +73,7 @@ int32_t ReadStep(FuzzInput& in, int32_t inLen, int32_t outLen) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const IsaCeiling isa(data, size);
     FuzzInput in(data, size);
     const int32_t inLen = ReadLength(in), outLen = ReadLength(in);
     const int32_t step = ReadStep(in, inLen, outLen);

@@ -359,6 +359,7 @@ void CheckSum(FuzzInput& in, uint32_t entry) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const IsaCeiling isa(data, size);
     FuzzInput in(data, size);
     const uint8_t what = in.Byte() % 7;
     const uint32_t entry = in.Below(5);

@@ -286,6 +286,7 @@ Sizes ReadSizes(FuzzInput& in, int32_t bits) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const IsaCeiling isa(data, size);
     FuzzInput in(data, size);
     const uint8_t codeHow = in.Byte();
     uint32_t code;
