@@ -13,6 +13,10 @@
 
 namespace pixmoor_tool {
 
+// Room left past the end of every frame buffer, against library routines
+// that read or write a little beyond the frame they are given.
+constexpr size_t kBufferSlack = 64;
+
 // Turns one input frame (file layout, in a buffer of the capacity asked
 // for) into one output frame and returns where it is.
 class FrameTransform {

@@ -25,12 +25,20 @@ void Y4mSink::Write(const uint8_t* frame) {
 }
 
 PngSequenceSink::PngSequenceSink(std::string pattern, const FormatInfo& format, int32_t width, int32_t height,
-                                 int32_t pitch, Rgb555Layout layout)
-    : pattern_(std::move(pattern)), format_(format), width_(width), height_(height), pitch_(pitch), layout_(layout) {}
+                                 int32_t pitch, Rgb555Layout layout, bool bottomUp)
+    : pattern_(std::move(pattern)),
+      format_(format),
+      width_(width),
+      height_(height),
+      pitch_(pitch),
+      layout_(layout),
+      bottomUp_(bottomUp) {}
 
 void PngSequenceSink::Write(const uint8_t* frame) {
     ++index_;
-    SavePng(PngFrameName(pattern_, index_), DecodeFrame(format_, frame, width_, height_, pitch_, layout_));
+    RgbImage image = DecodeFrame(format_, frame, width_, height_, pitch_, layout_);
+    if (bottomUp_) FlipRows(image);
+    SavePng(PngFrameName(pattern_, index_), image);
 }
 
 std::string PngPattern(const std::string& name) {

@@ -45,10 +45,11 @@ private:
 
 // Decodes each frame to RGB and writes it as its own PNG file, named from
 // a pattern (see PngFrameName).  Each file is complete once it appears.
+// Frames stored bottom row first are turned upright.
 class PngSequenceSink : public FrameSink {
 public:
     PngSequenceSink(std::string pattern, const FormatInfo& format, int32_t width, int32_t height, int32_t pitch,
-                    Rgb555Layout layout);
+                    Rgb555Layout layout, bool bottomUp = false);
     void Write(const uint8_t* frame) override;
     void Commit() override {}
     int64_t filesWritten() const { return index_; }
@@ -58,6 +59,7 @@ private:
     const FormatInfo& format_;
     int32_t width_, height_, pitch_;
     Rgb555Layout layout_;
+    bool bottomUp_;
     int64_t index_ = 0;
 };
 

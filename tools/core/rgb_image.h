@@ -3,6 +3,7 @@
 #ifndef PIXMOOR_TOOL_RGB_IMAGE_H
 #define PIXMOOR_TOOL_RGB_IMAGE_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -22,6 +23,13 @@ struct RgbImage {
         return &pixels[(size_t(y) * size_t(width) + size_t(x)) * 3];
     }
 };
+
+// Swaps row r with row height-1-r.
+inline void FlipRows(RgbImage& image) {
+    const size_t row = size_t(image.width) * 3;
+    for (int32_t top = 0, bottom = image.height - 1; top < bottom; ++top, --bottom)
+        std::swap_ranges(image.at(0, top), image.at(0, top) + row, image.at(0, bottom));
+}
 
 }  // namespace pixmoor_tool
 
