@@ -7,6 +7,8 @@
 // The element count is multiplied unchecked, as it always has been.
 #include <pixmoor/runtime.h>
 
+#include "runtime/tier_call.h"
+
 #include <cstdlib>
 #include <cstring>
 
@@ -31,30 +33,43 @@ void FreeAligned(void* block) {
 }
 }  // namespace
 
+// The allocator family: member, element type, element size in bytes.
+// SigMalloc32f stands in dispatch row 1, so its plain name is a stub.
+#define PIXMOOR_ALLOCATORS(X, DISPATCHED)   \
+    X(SigMalloc8u, uint8_t, 1)              \
+    X(SigMalloc16u, uint16_t, 2)            \
+    X(SigMalloc32u, uint32_t, 4)            \
+    X(SigMalloc8s, int8_t, 1)               \
+    X(SigMalloc16s, int16_t, 2)             \
+    X(SigMalloc32s, int32_t, 4)             \
+    X(SigMalloc64s, int64_t, 8)             \
+    DISPATCHED(SigMalloc32f, float, 4)            \
+    X(SigMalloc64f, double, 8)              \
+    X(SigMalloc8sc, int8_t, 2)              \
+    X(SigMalloc16sc, SigComplex16s, 4)      \
+    X(SigMalloc32sc, SigComplex32s, 8)      \
+    X(SigMalloc64sc, int64_t, 16)           \
+    X(SigMalloc32fc, SigComplex32f, 8)      \
+    X(SigMalloc64fc, SigComplex64f, 16)
+
 // Every tier has the same allocator family; the blocks are interchangeable.
-#define PIXMOOR_ALLOCATOR(tier, name, type, size) \
-    type* tier##name(int32_t count) { return static_cast<type*>(AllocateAligned(count, size)); }
-#define PIXMOOR_ALLOCATOR_TIER(tier)                        \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc8u, uint8_t, 1)        \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc16u, uint16_t, 2)      \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc32u, uint32_t, 4)      \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc8s, int8_t, 1)         \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc16s, int16_t, 2)       \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc32s, int32_t, 4)       \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc64s, int64_t, 8)       \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc32f, float, 4)         \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc64f, double, 8)        \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc8sc, int8_t, 2)        \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc16sc, SigComplex16s, 4) \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc32sc, SigComplex32s, 8) \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc64sc, int64_t, 16)     \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc32fc, SigComplex32f, 8) \
-    PIXMOOR_ALLOCATOR(tier, SigMalloc64fc, SigComplex64f, 16) \
-    void tier##SigFree(void* block) { FreeAligned(block); }
+#define PIXMOOR_TIER_ALLOCATOR(name, type, size)                                                     \
+    type* px_##name(int32_t count) { return static_cast<type*>(AllocateAligned(count, size)); }    \
+    type* m6_##name(int32_t count) { return static_cast<type*>(AllocateAligned(count, size)); }    \
+    type* a6_##name(int32_t count) { return static_cast<type*>(AllocateAligned(count, size)); }    \
+    type* w7_##name(int32_t count) { return static_cast<type*>(AllocateAligned(count, size)); }
+
+// The plain names of the allocators outside the dispatch table run the
+// entry of the current tier.  (SigFree is dispatch row 2.)
+#define PIXMOOR_PLAIN_ALLOCATOR(name, type, size) PIXMOOR_DEFINE_BY_TIER(type*, name, (int32_t count), (count))
+#define PIXMOOR_NO_PLAIN_ALLOCATOR(name, type, size)
 
 extern "C" {
-PIXMOOR_ALLOCATOR_TIER(px_)
-PIXMOOR_ALLOCATOR_TIER(m6_)
-PIXMOOR_ALLOCATOR_TIER(a6_)
-PIXMOOR_ALLOCATOR_TIER(w7_)
+PIXMOOR_ALLOCATORS(PIXMOOR_TIER_ALLOCATOR, PIXMOOR_TIER_ALLOCATOR)
+void px_SigFree(void* block) { FreeAligned(block); }
+void m6_SigFree(void* block) { FreeAligned(block); }
+void a6_SigFree(void* block) { FreeAligned(block); }
+void w7_SigFree(void* block) { FreeAligned(block); }
 }
+
+PIXMOOR_ALLOCATORS(PIXMOOR_PLAIN_ALLOCATOR, PIXMOOR_NO_PLAIN_ALLOCATOR)

@@ -1,11 +1,9 @@
-/* Colour primitives.  C linkage; compiles as C99 and as C++. */
+/* Colour primitives.  C linkage; compiles as C99 and as C++.
+   One header per group of members; each declares its members in the four
+   tiers and under the plain name. */
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_H
 #define PIXMOOR_PRIMITIVES_COLOUR_H
 
-#include <pixmoor/runtime.h>
-
-PIXMOOR_EXTERN_C_BEGIN
-
-PIXMOOR_EXTERN_C_END
+#include <pixmoor/primitives/colour/yuv420.h>
 
 #endif

@@ -1,0 +1,41 @@
+// The row loop of the packed 4:2:2 to RGB roads.
+#include "colour/packed_to_rgb.h"
+
+#include "colour/row_placement.h"
+#include "colour/yuv_fixed_point.h"
+
+namespace pixmoor {
+
+template <class Layout, class Store, bool HonoursOrientation>
+void PackedToRgbRoutine(const CColorXForm* xform, const uint8_t* src, uint8_t* dst, uint32_t destPitch) {
+    const auto* t = static_cast<const CColorXFormToRGB<Store::kDestFCC>*>(xform);
+    const int32_t height = t->size.cy;
+    const int32_t pairs = t->size.cx >> 1;
+    const RowPlacement rows =
+        PlaceRows(dst, destPitch, t->destLineSize, height, HonoursOrientation && t->Flips());
+    uint8_t* out = rows.start;
+    for (int32_t row = 0; row < height; ++row) {
+        for (int32_t pair = 0; pair < pairs; ++pair) {
+            const BgrPair bgr =
+                YuvToBgrFixedPoint(src[Layout::kYLeft], src[Layout::kYRight], src[Layout::kU], src[Layout::kV]);
+            Store::Put(out, bgr.left.first, bgr.left.second, bgr.left.third);
+            Store::Put(out + Store::kBytes, bgr.right.first, bgr.right.second, bgr.right.third);
+            src += 4;
+            out += 2 * Store::kBytes;
+        }
+        out = Step(out, rows.gap);
+    }
+}
+
+template void PackedToRgbRoutine<LayoutYUY2, StoreBgr24, true>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);
+template void PackedToRgbRoutine<LayoutUYVY, StoreBgr24, true>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);
+template void PackedToRgbRoutine<LayoutYUY2, StoreBgr32, true>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);
+template void PackedToRgbRoutine<LayoutUYVY, StoreBgr32, true>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);
+template void PackedToRgbRoutine<LayoutYUY2, StoreRgb555High, false>(const CColorXForm*, const uint8_t*, uint8_t*,
+                                                                     uint32_t);
+template void PackedToRgbRoutine<LayoutUYVY, StoreRgb555High, false>(const CColorXForm*, const uint8_t*, uint8_t*,
+                                                                     uint32_t);
+template void PackedToRgbRoutine<LayoutYUY2, StoreRgb565, false>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);
+template void PackedToRgbRoutine<LayoutUYVY, StoreRgb565, false>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);
+
+}  // namespace pixmoor

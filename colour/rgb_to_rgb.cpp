@@ -1,0 +1,56 @@
+// The copying and repacking routines of the RGB to RGB roads.
+#include "colour/rgb_to_rgb.h"
+
+#include <cstring>
+
+#include "colour/row_placement.h"
+
+namespace pixmoor {
+
+template <uint32_t FCC>
+void RgbCopyRoutine(const CColorXForm* xform, const uint8_t* src, uint8_t* dst, uint32_t destPitch) {
+    const auto* t = static_cast<const CColorXFormToRGB<FCC>*>(xform);
+    const int32_t lineSize = t->destLineSize;
+    if (!t->Flips()) {
+        std::memcpy(dst, src, static_cast<uint32_t>(t->destBufferSize));
+        return;
+    }
+    // The pitch is taken as it stands: 0 lays every row on the first one,
+    // which ends up holding the source's first row.
+    const int32_t pitch = static_cast<int32_t>(destPitch);
+    const uint8_t* in = Step(src, WrapSub(t->destBufferSize, lineSize));
+    for (int32_t row = 0; row < t->size.cy; ++row) {
+        std::memcpy(dst, in, static_cast<uint32_t>(lineSize));
+        in = Step(in, WrapSub(0, lineSize));
+        dst = Step(dst, pitch);
+    }
+}
+
+template <class Store>
+void Rgb24RepackRoutine(const CColorXForm* xform, const uint8_t* src, uint8_t* dst, uint32_t destPitch) {
+    const auto* t = static_cast<const CColorXFormToRGB<Store::kDestFCC>*>(xform);
+    const RowPlacement rows = PlaceRows(dst, destPitch, t->destLineSize, t->size.cy, t->Flips());
+    uint8_t* out = rows.start;
+    // Both loops count down and test at the end of a round, so a count of 0
+    // still runs one round: a transform of zero size writes one pixel.
+    int32_t rowsLeft = t->size.cy;
+    do {
+        int32_t pixelsLeft = t->size.cx;
+        do {
+            Store::Put(out, src[0], src[1], src[2]);
+            src += 3;
+            out += Store::kBytes;
+        } while (--pixelsLeft > 0);
+        out = Step(out, rows.gap);
+    } while (--rowsLeft > 0);
+}
+
+template void RgbCopyRoutine<FCC_RG24>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);
+template void RgbCopyRoutine<FCC_RG32>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);
+template void RgbCopyRoutine<FCC_RG55>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);
+template void RgbCopyRoutine<FCC_RG56>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);
+template void Rgb24RepackRoutine<StoreBgr32>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);
+template void Rgb24RepackRoutine<StoreRgb555>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);
+template void Rgb24RepackRoutine<StoreRgb565>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);
+
+}  // namespace pixmoor

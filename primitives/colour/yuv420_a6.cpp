@@ -1,0 +1,172 @@
+// Tier a6 of the 4:2:0 members: 64-bit vectors (done in the low halves of
+// 128-bit registers), narrow arithmetic, 4 pixel pairs (8 pixels of each
+// line) a step while the counter is below pairs AND NOT 3, then one pair at
+// a time.  Each step prefetches the next 32 bytes of every source line.
+// Packed RGB output goes out through non-temporal 8-byte stores, 24 bytes a
+// line a step, line by line; the driver fences them after the last row.
+//
+// The packed inverse kernel keeps the tier's own factors, which differ by
+// one from w7's, and an odd factor row: at the fourth pixel of every group
+// of four in the main loop (line positions 3, 7, 11, ...), R gains
+// mulhi(u', 4) and G's U factor is -3232 instead of -3228.  The tail uses
+// the normal factors everywhere.  The RGB planes inverse uses the w7
+// factors.
+#include <emmintrin.h>
+#include <xmmintrin.h>
+
+#include "primitives/colour/narrow_arith.h"
+#include "primitives/colour/narrow_sse2.h"
+#include "primitives/colour/tier_finish.h"
+#include "primitives/colour/yuv420_rows.h"
+
+namespace pixmoor::colour {
+namespace {
+
+using namespace sse2;
+
+void Prefetch(const uint8_t* p) { _mm_prefetch(reinterpret_cast<const char*>(p + 32), _MM_HINT_NTA); }
+
+// Non-temporal store of the low 8 bytes of v.
+void Stream8(uint8_t* p, __m128i v) {
+#if defined(__x86_64__) || defined(_M_X64)
+    _mm_stream_si64(reinterpret_cast<long long*>(p), _mm_cvtsi128_si64(v));
+#else
+    _mm_stream_si32(reinterpret_cast<int*>(p), _mm_cvtsi128_si32(v));
+    _mm_stream_si32(reinterpret_cast<int*>(p + 4), _mm_cvtsi128_si32(_mm_srli_epi64(v, 32)));
+#endif
+}
+
+// R, G, B of the 8 pixels from x on, one channel a 16-bit lane.
+Channels Load(PackedRgbIn::Line line, int32_t x) {
+    const uint8_t* p = line + 3 * static_cast<intptr_t>(x);
+    Prefetch(p);
+    __m128i a = Load16(p), b = Load8(p + 16), c = _mm_setzero_si128();
+    Deinterleave(a, b, c);
+    return WidenLow(a, b, c);
+}
+
+Channels Load(const RgbPlanesIn::Line& line, int32_t x) {
+    Prefetch(line.r + x);
+    Prefetch(line.g + x);
+    Prefetch(line.b + x);
+    return WidenLow(Load8(line.r + x), Load8(line.g + x), Load8(line.b + x));
+}
+
+// Chroma factors in lane order: four U lanes, then four V lanes.
+const int16_t kChromaFactors[8] = {
+    narrow::kFactorU, narrow::kFactorU, narrow::kFactorU, narrow::kFactorU,
+    narrow::kFactorV, narrow::kFactorV, narrow::kFactorV, narrow::kFactorV,
+};
+
+template <class In, class Luma, class NarrowLuma>
+void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
+                    const Yuv420Lines<uint8_t>& out, int32_t pairs) {
+    const __m128i factors = _mm_loadu_si128(reinterpret_cast<const __m128i*>(kChromaFactors));
+    const int32_t mainPairs = pairs & ~3;
+    int32_t j = 0;
+    for (; j < mainPairs; j += 4) {
+        const int32_t x = 2 * j;
+        const Channels t = Load(top, x);
+        const Channels b = Load(bottom, x);
+        const __m128i dt = Luma::D(t), db = Luma::D(b);
+        Store8(out.y0 + x, LumaBytes(dt, dt));
+        Store8(out.y1 + x, LumaBytes(db, db));
+
+        const ChromaDiffs d = Diffs(dt, db, t, b);
+        const __m128i uv16 = ScaleChroma(_mm_packs_epi32(d.b, d.r), factors);
+        const __m128i uv = _mm_packus_epi16(uv16, uv16);
+        Store4(out.u + j, uv);
+        Store4(out.v + j, _mm_srli_epi64(uv, 32));
+    }
+    narrow::ToYuv420Pairs<In, NarrowLuma>(top, bottom, out, j, pairs);
+}
+
+// The a6 inverse factors of the tail, and of the planes member (the w7
+// factors) everywhere.
+constexpr narrow::InverseFactors kInverse = {9339, 0, -3228, -4760, 16646};
+constexpr narrow::InverseFactors kInversePlanes = {9338, 0, -3227, -4759, 16645};
+
+// Factor lanes of a main-loop step, one lane per pixel 0 to 7 of a line,
+// rows in the order R from v', R from u', G from u', G from v', B from u'.
+// In the packed table the odd row stands at pixels 3 and 7.
+alignas(16) const int16_t kPackedLanes[5][8] = {
+    {9339, 9339, 9339, 9339, 9339, 9339, 9339, 9339},
+    {0, 0, 0, 4, 0, 0, 0, 4},
+    {-3228, -3228, -3228, -3232, -3228, -3228, -3228, -3232},
+    {-4760, -4760, -4760, -4760, -4760, -4760, -4760, -4760},
+    {16646, 16646, 16646, 16646, 16646, 16646, 16646, 16646},
+};
+alignas(16) const int16_t kPlanesLanes[5][8] = {
+    {9338, 9338, 9338, 9338, 9338, 9338, 9338, 9338},
+    {0, 0, 0, 0, 0, 0, 0, 0},
+    {-3227, -3227, -3227, -3227, -3227, -3227, -3227, -3227},
+    {-4759, -4759, -4759, -4759, -4759, -4759, -4759, -4759},
+    {16645, 16645, 16645, 16645, 16645, 16645, 16645, 16645},
+};
+
+InverseLanes LoadLanes(const int16_t (&t)[5][8]) {
+    auto row = [&](int i) { return _mm_load_si128(reinterpret_cast<const __m128i*>(t[i])); };
+    return InverseLanes{row(0), row(1), row(2), row(3), row(4)};
+}
+
+void StorePixels(PackedRgbOut::Line line, int32_t x, RgbBytes c) {
+    Interleave(c.r, c.g, c.b);
+    uint8_t* p = line + 3 * static_cast<intptr_t>(x);
+    Stream8(p, c.r);
+    Stream8(p + 8, _mm_unpackhi_epi64(c.r, c.r));
+    Stream8(p + 16, c.g);
+}
+
+void StorePixels(const RgbPlanesOut::Line& line, int32_t x, const RgbBytes& c) {
+    Store8(line.r + x, c.r);
+    Store8(line.g + x, c.g);
+    Store8(line.b + x, c.b);
+}
+
+struct PackedFactors {
+    static constexpr const int16_t (&kLanes)[5][8] = kPackedLanes;
+    static constexpr const narrow::InverseFactors& kTail = kInverse;
+};
+struct PlanesFactors {
+    static constexpr const int16_t (&kLanes)[5][8] = kPlanesLanes;
+    static constexpr const narrow::InverseFactors& kTail = kInversePlanes;
+};
+
+template <class Out, class Factors>
+void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
+                      typename Out::Line bottom, int32_t pairs) {
+    const InverseLanes factors = LoadLanes(Factors::kLanes);
+    const __m128i z = _mm_setzero_si128();
+    const int32_t mainPairs = pairs & ~3;
+    int32_t j = 0;
+    for (; j < mainPairs; j += 4) {
+        const int32_t x = 2 * j;
+        Prefetch(in.y0 + x);
+        Prefetch(in.y1 + x);
+        Prefetch(in.u + j);
+        Prefetch(in.v + j);
+        const __m128i du = Centred(_mm_unpacklo_epi8(Load4(in.u + j), z));
+        const __m128i dv = Centred(_mm_unpacklo_epi8(Load4(in.v + j), z));
+        // Chroma goes to pixel lanes first, so that each pixel meets its
+        // own factor lane.
+        const InverseTerms t = Terms(_mm_unpacklo_epi16(du, du), _mm_unpacklo_epi16(dv, dv), factors);
+
+        const __m128i y0 = _mm_unpacklo_epi8(Load8(in.y0 + x), z);
+        StorePixels(top, x, ToRgbBytes(y0, y0, t, t));
+        const __m128i y1 = _mm_unpacklo_epi8(Load8(in.y1 + x), z);
+        StorePixels(bottom, x, ToRgbBytes(y1, y1, t, t));
+    }
+    narrow::FromYuv420Pairs<Out>(in, top, bottom, j, pairs, Factors::kTail);
+}
+
+}  // namespace
+
+const Yuv420Rows kYuv420RowsA6 = {
+    &ToYuv420Kernel<PackedRgbIn, LumaOfPacked, narrow::LumaOfPacked>,
+    &ToYuv420Kernel<RgbPlanesIn, LumaOfPlanes, narrow::LumaOfPlanes>,
+    &FromYuv420Kernel<PackedRgbOut, PackedFactors>,
+    &FromYuv420Kernel<RgbPlanesOut, PlanesFactors>,
+    &FinishA6,
+};
+
+}  // namespace pixmoor::colour

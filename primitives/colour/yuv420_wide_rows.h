@@ -1,0 +1,55 @@
+// Row kernels of the plain-code tiers (px and m6): the wide arithmetic, one
+// pixel pair of two lines at a time, clamping through the tier's own table.
+#ifndef PIXMOOR_PRIMITIVES_COLOUR_YUV420_WIDE_ROWS_H
+#define PIXMOOR_PRIMITIVES_COLOUR_YUV420_WIDE_ROWS_H
+
+#include <cstdint>
+
+#include "primitives/colour/clamp_table.h"
+#include "primitives/colour/image_layouts.h"
+#include "primitives/colour/wide_arith.h"
+#include "primitives/colour/yuv420_rows.h"
+
+namespace pixmoor::colour::wide {
+
+template <const ClampTable& Clamp, class In>
+void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
+                    const Yuv420Lines<uint8_t>& out, int32_t pairs) {
+    for (int32_t j = 0; j < pairs; ++j) {
+        const Rgb p0 = In::Pixel(top, 2 * j);
+        const Rgb p1 = In::Pixel(top, 2 * j + 1);
+        const Rgb p2 = In::Pixel(bottom, 2 * j);
+        const Rgb p3 = In::Pixel(bottom, 2 * j + 1);
+        const int32_t f0 = Luma(p0), f1 = Luma(p1), f2 = Luma(p2), f3 = Luma(p3);
+        out.y0[2 * j] = static_cast<uint8_t>(f0 >> 16);
+        out.y0[2 * j + 1] = static_cast<uint8_t>(f1 >> 16);
+        out.y1[2 * j] = static_cast<uint8_t>(f2 >> 16);
+        out.y1[2 * j + 1] = static_cast<uint8_t>(f3 >> 16);
+        const int32_t luma = f0 + f1 + f2 + f3;
+        out.u[j] = ChromaU(p0.b + p1.b + p2.b + p3.b, luma, kBlockBias, 18);
+        out.v[j] = ChromaV(Clamp, p0.r + p1.r + p2.r + p3.r, luma, kBlockBias, 18);
+    }
+}
+
+template <const ClampTable& Clamp, class Out>
+void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
+                      typename Out::Line bottom, int32_t pairs) {
+    for (int32_t j = 0; j < pairs; ++j) {
+        const ChromaTerms t = Terms(in.u[j], in.v[j]);
+        Out::Store(top, 2 * j, ToRgb(Clamp, in.y0[2 * j], t));
+        Out::Store(top, 2 * j + 1, ToRgb(Clamp, in.y0[2 * j + 1], t));
+        Out::Store(bottom, 2 * j, ToRgb(Clamp, in.y1[2 * j], t));
+        Out::Store(bottom, 2 * j + 1, ToRgb(Clamp, in.y1[2 * j + 1], t));
+    }
+}
+
+template <const ClampTable& Clamp>
+constexpr Yuv420Rows MakeRows(TierFinish finish) {
+    return Yuv420Rows{&ToYuv420Kernel<Clamp, PackedRgbIn>, &ToYuv420Kernel<Clamp, RgbPlanesIn>,
+                      &FromYuv420Kernel<Clamp, PackedRgbOut>, &FromYuv420Kernel<Clamp, RgbPlanesOut>,
+                      finish};
+}
+
+}  // namespace pixmoor::colour::wide
+
+#endif

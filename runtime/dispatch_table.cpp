@@ -1,0 +1,38 @@
+// The slots and the exported dispatch table.  Both are constant-initialised
+// data: nothing runs at load, and a primitive called before any selection
+// runs its px entry.
+#include <pixmoor/runtime.h>
+#include <pixmoor/primitives/colour.h>
+#include <pixmoor/primitives/mirror.h>
+#include <pixmoor/primitives/moments.h>
+#include <pixmoor/primitives/signal.h>
+
+#include "runtime/dispatch.h"
+
+// A tier entry as the table's neutral entry type.  Written as a plain cast in
+// the initialisers so that the compiler emits the table as static data.
+#define PIXMOOR_ENTRY(fn) reinterpret_cast<PrimEntry>(&fn)
+
+namespace pixmoor::dispatch {
+
+#define PIXMOOR_SLOT_AT_PX(name) PIXMOOR_ENTRY(px_##name),
+#define PIXMOOR_SLOT_EMPTY(name) nullptr,
+PrimEntry g_slots[kRowCount] = {PIXMOOR_DISPATCH_ROWS(PIXMOOR_SLOT_AT_PX, PIXMOOR_SLOT_EMPTY)};
+#undef PIXMOOR_SLOT_AT_PX
+#undef PIXMOOR_SLOT_EMPTY
+
+}  // namespace pixmoor::dispatch
+
+using pixmoor::dispatch::g_slots;
+using namespace pixmoor::dispatch;  // the kRow_ indices
+
+#define PIXMOOR_ROW_ENTRIES(name) \
+    {&g_slots[kRow_##name], {PIXMOOR_ENTRY(px_##name), PIXMOOR_ENTRY(m6_##name), PIXMOOR_ENTRY(a6_##name), PIXMOOR_ENTRY(w7_##name)}},
+// A family that has not landed yet: no tier has an entry.
+#define PIXMOOR_ROW_NO_ENTRIES(name) {&g_slots[kRow_##name], {nullptr, nullptr, nullptr, nullptr}},
+
+extern "C" {
+PrimDispatchRow PrimDispatchTable[PrimDispatchRowCount] = {
+    PIXMOOR_DISPATCH_ROWS(PIXMOOR_ROW_ENTRIES, PIXMOOR_ROW_NO_ENTRIES)};
+int32_t PrimSlotCount = PrimDispatchRowCount;
+}
