@@ -2,8 +2,11 @@
 #ifndef PIXMOOR_TESTS_TOOLS_TEMP_DIR_H
 #define PIXMOOR_TESTS_TOOLS_TEMP_DIR_H
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
 #include <filesystem>
 #include <fstream>
 #include <iterator>

@@ -4,7 +4,6 @@
 
 namespace pixmoor_tool {
 
-int RunConvert(const ConvertOptions&) { Fail("convert is not available yet"); }
 int RunResize(const ResizeOptions&) { Fail("resize is not available yet"); }
 int RunInfo() { Fail("info is not available yet"); }
 int RunDemo(const DemoOptions&) { Fail("demo is not available yet"); }
