@@ -17,13 +17,13 @@
     ABSENT(SigSum32f)              /*  4: signal sum */ \
     ROW(SigGetStatusString)        /*  5 */ \
     ROW(ImgGetLibVersion)          /*  6 */ \
-    ABSENT(ImgMomentStateAlloc)    /*  7: image moments */ \
-    ABSENT(ImgMomentStateFree)     /*  8: image moments */ \
-    ABSENT(ImgMoments32fC1)        /*  9: image moments */ \
-    ABSENT(ImgGetSpatialMoment)    /* 10: image moments */ \
-    ABSENT(ImgRGBToYUV420)         /* 11: colour primitives */ \
-    ABSENT(ImgYUV420ToRGB)         /* 12: colour primitives */ \
-    ABSENT(ImgYUV420ToRGB_Step)    /* 13: colour primitives */ \
+    ROW(ImgMomentStateAlloc)       /*  7: image moments */ \
+    ROW(ImgMomentStateFree)        /*  8: image moments */ \
+    ROW(ImgMoments32fC1)           /*  9: image moments */ \
+    ROW(ImgGetSpatialMoment)       /* 10: image moments */ \
+    ROW(ImgRGBToYUV420)            /* 11: colour primitives */ \
+    ROW(ImgYUV420ToRGB)            /* 12: colour primitives */ \
+    ROW(ImgYUV420ToRGB_Step)       /* 13: colour primitives */ \
     ABSENT(ImgYUVAToRGBA)          /* 14: colour primitives */ \
     ABSENT(ImgYUV422ToRGB)         /* 15: colour primitives */ \
     ROW(ImgMirror8uC3I)            /* 16 */ \

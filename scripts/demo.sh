@@ -5,7 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
-cmake -S . -B build -DCMAKE_BUILD_TYPE=Release -DPIXMOOR_BUILD_TESTS=OFF
-cmake --build build -j "$(nproc)"
+cmake -S . -B build-demo -DCMAKE_BUILD_TYPE=Release -DPIXMOOR_BUILD_TESTS=OFF
+cmake --build build-demo -j "$(nproc)"
 out=${1:-pixmoor-demo}
-build/tools/pixmoor demo "$out"
+build-demo/tools/pixmoor demo "$out"
