@@ -67,10 +67,15 @@ TEST(ToolY4mHeader, MalformedHeadersAreRefused) {
     for (const char* line : {"", "YUV4MPEG W8 H8", "YUV4MPEG2W8 H8", "YUV4MPEG2 W8", "YUV4MPEG2 H8",
                              "YUV4MPEG2 W0 H8", "YUV4MPEG2 Wx H8", "YUV4MPEG2 W8 H8 Fx", "YUV4MPEG2 W8 H8 F25",
                              "YUV4MPEG2 W8 H8 Iq", "YUV4MPEG2 W8 H8 A1", "YUV4MPEG2 W8  H8",
-                             "YUV4MPEG2 W8 H8 ", "YUV4MPEG2 W8 H8 Z1", "YUV4MPEG2 W7 H8", "YUV4MPEG2 W8 H99999"}) {
+                             "YUV4MPEG2 W8 H8 ", "YUV4MPEG2 W8 H8 Z1", "YUV4MPEG2 W8 H99999"}) {
         const std::string why = ErrorOf(line);
         EXPECT_NE(why.find("malformed Y4M header in 't.y4m'"), std::string::npos) << line << ": " << why;
     }
+}
+
+TEST(ToolY4mHeader, OddSizesAreRefused) {
+    const std::string why = ErrorOf("YUV4MPEG2 W7 H8");
+    EXPECT_NE(why.find("unsupported Y4M frame size 7x8 in 't.y4m'"), std::string::npos) << why;
 }
 
 TEST(ToolY4mHeader, FormatsAHeaderThatParsesBack) {

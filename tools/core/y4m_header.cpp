@@ -92,8 +92,8 @@ Y4mHeader ParseY4mHeader(std::string_view line, const std::string& source) {
         Fail("unsupported Y4M chroma 'C" + header.chroma + "' in " + source +
              ": only 8-bit 4:2:0 (C420jpeg, C420paldv, C420mpeg2, C420) is read, as I420");
     if (header.size.width % 2 != 0 || header.size.height % 2 != 0)
-        Malformed(source, "4:2:0 frames need an even width and height, not " +
-                              FrameSizeText(header.size));
+        Fail("unsupported Y4M frame size " + FrameSizeText(header.size) + " in " + source +
+             ": I420 frames have an even width and height");
     if (header.chroma.empty()) header.chroma = "420jpeg";
     return header;
 }
