@@ -9,6 +9,11 @@
 
 namespace pixmoor {
 
+// Each routine hands the planes to the dispatched 4:2:0 primitive.  "RG24"
+// converts straight into the destination (tight for a pitch of 0 or the
+// line size, else on the caller's pitch) and turns it over in place when
+// the orientations differ; the other three convert into rgbBuffer and
+// expand or pack it row by row, never turning it over.
 void PlanarToRG24Routine(const CColorXForm* xform, const uint8_t* src, uint8_t* dst, uint32_t destPitch);
 void PlanarToRG32Routine(const CColorXForm* xform, const uint8_t* src, uint8_t* dst, uint32_t destPitch);
 void PlanarToRG55Routine(const CColorXForm* xform, const uint8_t* src, uint8_t* dst, uint32_t destPitch);

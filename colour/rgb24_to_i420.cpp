@@ -1,6 +1,8 @@
-// Stage 1 of Init of "RG24" to "I420".
+// Stage 1 of Init and the per-frame routine of "RG24" to "I420".
 #include "colour/rgb24_to_i420.h"
 
+#include <pixmoor/primitives/colour.h>
+#include <pixmoor/primitives/mirror.h>
 #include <pixmoor/runtime.h>
 
 #include "colour/pointer_steps.h"
@@ -22,3 +24,29 @@ bool CColorXFormRG24ToI420::Init(AbsSIZE size, EOrientation srcOrientation, EOri
     PrimSelectBestTier();  // the result is not needed: the slots always hold some tier
     return CColorXFormToI420::Init(size, srcOrientation, destOrientation);
 }
+
+namespace pixmoor {
+
+void RG24ToI420Routine(const CColorXForm* xform, const uint8_t* src, uint8_t* dst, uint32_t) {
+    const auto* t = static_cast<const CColorXFormRG24ToI420*>(xform);
+    const int32_t width = t->size.cx;
+    const int32_t height = t->size.cy;
+    const uint8_t* rgb = src;
+    if (t->Flips()) {
+        // Row r of the source goes to row H-1-r of flipBuffer, which is then
+        // converted in its place.  Should the buffer be missing, both
+        // primitives refuse the null pointer and the destination stays as
+        // it was.
+        ImgMirror8uC3(src, t->srcLineSize, t->flipBuffer, t->srcLineSize, width, height, MirrorHorizontalAxis);
+        rgb = t->flipBuffer;
+    }
+    // The primitive reads red, green, blue; the source holds blue, green,
+    // red.  Giving it the V location as its second plane and the U location
+    // as its third puts each chroma plane where "I420" keeps it.  Source
+    // rows are taken as 3*W bytes, which is the line size at every width
+    // Init accepts.
+    uint8_t* const planes[3] = {dst, Step(dst, t->destVOffset), Step(dst, t->destUOffset)};
+    ImgRGBToYUV420(rgb, planes, width, height);
+}
+
+}  // namespace pixmoor

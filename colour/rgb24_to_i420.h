@@ -8,6 +8,8 @@
 
 namespace pixmoor {
 
+// Turns the source over into flipBuffer when the orientations differ, then
+// converts it into the tight "I420" layout; the pitch is not used.
 void RG24ToI420Routine(const CColorXForm* xform, const uint8_t* src, uint8_t* dst, uint32_t destPitch);
 
 }  // namespace pixmoor

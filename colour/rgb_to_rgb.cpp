@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "colour/repack_rows.h"
 #include "colour/row_placement.h"
 
 namespace pixmoor {
@@ -30,19 +31,7 @@ template <class Store>
 void Rgb24RepackRoutine(const CColorXForm* xform, const uint8_t* src, uint8_t* dst, uint32_t destPitch) {
     const auto* t = static_cast<const CColorXFormToRGB<Store::kDestFCC>*>(xform);
     const RowPlacement rows = PlaceRows(dst, destPitch, t->destLineSize, t->size.cy, t->Flips());
-    uint8_t* out = rows.start;
-    // Both loops count down and test at the end of a round, so a count of 0
-    // still runs one round: a transform of zero size writes one pixel.
-    int32_t rowsLeft = t->size.cy;
-    do {
-        int32_t pixelsLeft = t->size.cx;
-        do {
-            Store::Put(out, src[0], src[1], src[2]);
-            src += 3;
-            out += Store::kBytes;
-        } while (--pixelsLeft > 0);
-        out = Step(out, rows.gap);
-    } while (--rowsLeft > 0);
+    RepackBgrRows<Store>(src, rows.start, t->size.cx, t->size.cy, rows.gap);
 }
 
 template void RgbCopyRoutine<FCC_RG24>(const CColorXForm*, const uint8_t*, uint8_t*, uint32_t);

@@ -1,6 +1,7 @@
 // Makes a test frame in memory (colour bars over a luma ramp and a chroma
 // sweep, packed "YUY2" at 320 by 240), converts it through several colour
-// transforms and writes each RGB result as a PNG file.
+// transforms (packed, planar and RGB sources) and writes each RGB result as
+// a PNG file.
 //
 //     convert_frames [output-folder]      (default: pixmoor-demo)
 #include <png.h>
@@ -250,6 +251,35 @@ int main(int argc, char** argv) {
         save(std::string(p.stem) + "-to-i420.png", shown, kBgr24, false,
              CodeName(p.code) + " -> I420, shown as RG24");
     }
+
+    // Planar 4:2:0 to each RGB format, from the "I420" picture made of the
+    // packed frame.  These roads run on the library's full-range colour
+    // model (no 16 taken off luma), so the bars come out a little brighter
+    // than through the packed roads.  Only "RG24" turns the picture over by
+    // default; the other three keep the rows in source order and want their
+    // pitch spelled out: 0 would start every "RG32" row a byte late and lay
+    // all 16-bit rows on the first one.
+    if (!fromYuy2.empty()) {
+        const auto pitch = [](int bits) { return static_cast<uint32_t>(RGBLineSize(kWidth, bits)); };
+        save("i420-to-rg24.png", Convert(FCC_I420, FCC_RG24, fromYuy2, kDefault, kDefault), kBgr24, true,
+             "I420 -> RG24");
+        save("i420-to-rg32.png", Convert(FCC_I420, FCC_RG32, fromYuy2, kDefault, kDefault, pitch(32)), kBgr32, false,
+             "I420 -> RG32");
+        save("i420-to-rg55.png", Convert(FCC_I420, FCC_RG55, fromYuy2, kDefault, kDefault, pitch(16)), kRgb555, false,
+             "I420 -> RG55");
+        save("i420-to-rg56.png", Convert(FCC_I420, FCC_RG56, fromYuy2, kDefault, kDefault, pitch(16)), kRgb565, false,
+             "I420 -> RG56");
+        save("yv12-to-rg24.png", Convert(FCC_YV12, FCC_RG24, SwapChromaPlanes(fromYuy2), kDefault, kDefault), kBgr24,
+             true, "YV12 -> RG24");
+    } else {
+        failed += 5;
+    }
+
+    // "RG24" to "I420" reads the bottom-up frame last row first, and the
+    // planar road turns it back over on the way to "RG24".
+    const Bytes fromRg24 = Convert(FCC_RG24, FCC_I420, rg24, kDefault, kDefault);
+    save("rg24-to-i420.png", fromRg24.empty() ? Bytes() : Convert(FCC_I420, FCC_RG24, fromRg24, kDefault, kDefault),
+         kBgr24, true, "RG24 -> I420, shown as RG24");
 
     std::printf("%d files written to %s\n", written, folder.string().c_str());
     return failed == 0 ? 0 : 1;

@@ -1,0 +1,34 @@
+// The byte loop that turns a tight picture of 3-byte pixels (blue, green,
+// red) into rows of another RGB format, one pixel at a time.  Shared by the
+// roads that repack a caller's "RG24" frame and by the planar roads that
+// expand or pack the primitive's intermediate picture.
+#ifndef PIXMOOR_COLOUR_REPACK_ROWS_H
+#define PIXMOOR_COLOUR_REPACK_ROWS_H
+
+#include <cstdint>
+
+#include "colour/pointer_steps.h"
+
+namespace pixmoor {
+
+// Writes `height` rows of `width` pixels through Store, reading the source
+// without gaps, and moves `gap` bytes on (or back) after each written row.
+// Both loops count down and test at the end of a round, so a count of 0
+// still runs one round: a picture of zero size writes one pixel.
+template <class Store>
+void RepackBgrRows(const uint8_t* src, uint8_t* out, int32_t width, int32_t height, int32_t gap) {
+    int32_t rowsLeft = height;
+    do {
+        int32_t pixelsLeft = width;
+        do {
+            Store::Put(out, src[0], src[1], src[2]);
+            src += 3;
+            out += Store::kBytes;
+        } while (--pixelsLeft > 0);
+        out = Step(out, gap);
+    } while (--rowsLeft > 0);
+}
+
+}  // namespace pixmoor
+
+#endif
