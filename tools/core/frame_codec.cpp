@@ -62,18 +62,27 @@ void EncodeRgbPixel(uint32_t code, const uint8_t* rgb, uint8_t* p) {
 
 }  // namespace
 
+namespace {
+
+constexpr double kWr = 0.114, kWg = 0.587, kWb = 0.299;
+constexpr double kGainU = 0.877, kGainV = 0.492;  // U from B - Y, V from R - Y
+
+}  // namespace
+
 void RgbToYuv(const uint8_t rgb[3], int32_t yuv[3]) {
     const double r = rgb[0], g = rgb[1], b = rgb[2];
-    yuv[0] = ClampByte(0.299 * r + 0.587 * g + 0.114 * b);
-    yuv[1] = ClampByte(128.0 - 0.168736 * r - 0.331264 * g + 0.5 * b);
-    yuv[2] = ClampByte(128.0 + 0.5 * r - 0.418688 * g - 0.081312 * b);
+    const double y = kWr * r + kWg * g + kWb * b;
+    yuv[0] = ClampByte(y);
+    yuv[1] = ClampByte(128.0 + kGainU * (b - y));
+    yuv[2] = ClampByte(128.0 + kGainV * (r - y));
 }
 
 void YuvToRgb(int32_t y, int32_t u, int32_t v, uint8_t rgb[3]) {
-    const double du = u - 128.0, dv = v - 128.0;
-    rgb[0] = ClampByte(y + 1.402 * dv);
-    rgb[1] = ClampByte(y - 0.344136 * du - 0.714136 * dv);
-    rgb[2] = ClampByte(y + 1.772 * du);
+    const double b = y + (u - 128.0) / kGainU;
+    const double r = y + (v - 128.0) / kGainV;
+    rgb[0] = ClampByte(r);
+    rgb[1] = ClampByte((y - kWr * r - kWb * b) / kWg);
+    rgb[2] = ClampByte(b);
 }
 
 RgbImage DecodeFrame(const FormatInfo& format, const uint8_t* frame, int32_t width, int32_t height,
@@ -93,8 +102,8 @@ RgbImage DecodeFrame(const FormatInfo& format, const uint8_t* frame, int32_t wid
             for (int32_t y = 0; y < height; ++y)
                 for (int32_t x = 0; x + 1 < width; x += 2) {
                     const uint8_t* p = frame + (size_t(y) * size_t(width) + size_t(x)) * 2;
-                    YuvToRgb(p[L.y0], p[L.u], p[L.v], image.at(x, y));
-                    YuvToRgb(p[L.y1], p[L.u], p[L.v], image.at(x + 1, y));
+                    YuvToRgb(p[L.y0] - kPackedLumaOffset, p[L.u], p[L.v], image.at(x, y));
+                    YuvToRgb(p[L.y1] - kPackedLumaOffset, p[L.u], p[L.v], image.at(x + 1, y));
                 }
             break;
         }
@@ -131,7 +140,8 @@ std::vector<uint8_t> EncodeFrame(const FormatInfo& format, const RgbImage& pictu
                     RgbToYuv(picture.at(x, y), a);
                     RgbToYuv(picture.at(x + 1, y), b);
                     uint8_t* p = &frame[(size_t(y) * size_t(w) + size_t(x)) * 2];
-                    p[L.y0] = uint8_t(a[0]), p[L.y1] = uint8_t(b[0]);
+                    p[L.y0] = uint8_t(std::min(255, a[0] + kPackedLumaOffset));
+                    p[L.y1] = uint8_t(std::min(255, b[0] + kPackedLumaOffset));
                     p[L.u] = uint8_t((a[1] + b[1] + 1) / 2), p[L.v] = uint8_t((a[2] + b[2] + 1) / 2);
                 }
             break;

@@ -1,7 +1,12 @@
 // Moves pictures between the tool's RGB picture and frames of each format,
-// rows top to bottom.  The YUV side uses the full-range BT.601 model; it is
-// only how the tool makes test frames and shows results, and is independent
-// of the library's own arithmetic.
+// rows top to bottom.  YUV frames follow the colour model that the library's
+// conversions share, so that a picture made here and converted by the
+// library comes back as it was.  It is the usual analogue model with red
+// and blue exchanged: luma in full range, Y = 0.114 R + 0.587 G + 0.299 B;
+// U = 0.877 (B - Y) and V = 0.492 (R - Y), each plus 128; and in the packed
+// 4:2:2 formats luma stands 16 higher, which those conversions take off.
+// This code is only how the tool makes test frames and shows results; it
+// works in floating point, independently of the library's arithmetic.
 #ifndef PIXMOOR_TOOL_FRAME_CODEC_H
 #define PIXMOOR_TOOL_FRAME_CODEC_H
 
@@ -27,9 +32,13 @@ RgbImage DecodeFrame(const FormatInfo& format, const uint8_t* frame, int32_t wid
 // is the mean of the pixels it serves.
 std::vector<uint8_t> EncodeFrame(const FormatInfo& format, const RgbImage& picture);
 
-// Full-range BT.601 of one pixel, rounded.
+// One pixel in the model above (without the packed formats' luma offset),
+// rounded and clamped to 0..255.
 void RgbToYuv(const uint8_t rgb[3], int32_t yuv[3]);
 void YuvToRgb(int32_t y, int32_t u, int32_t v, uint8_t rgb[3]);
+
+// Luma offset of the packed 4:2:2 formats.
+constexpr int32_t kPackedLumaOffset = 16;
 
 }  // namespace pixmoor_tool
 
