@@ -2,25 +2,18 @@
 // orientation and sets the destination geometry.
 #include <cmath>
 
-#include "colour/pointer_steps.h"
+#include "geometry/wrapping.h"
 #include "colour/transform_classes.h"
 
 using pixmoor::WrapAdd;
 using pixmoor::WrapMul;
 
-namespace {
-// Double to 32-bit integer, cut toward zero; a value out of range gives the
-// processor's "integer indefinite", INT32_MIN.
-int32_t CutToInt32(double value) {
-    if (!(value > -2147483649.0 && value < 2147483648.0)) return INT32_MIN;
-    return static_cast<int32_t>(value);
-}
-}  // namespace
+using pixmoor::TruncateToInt32;
 
 bool CColorXFormToI420::Init(AbsSIZE size, EOrientation srcOrientation, EOrientation destOrientation) {
     this->destOrientation = pixmoor::ResolveOrientation(destOrientation, pixmoor::kYuvNatural);
     const int32_t area = WrapMul(size.cx, size.cy);
-    destBufferSize = CutToInt32(static_cast<double>(area) * 1.5);
+    destBufferSize = TruncateToInt32(static_cast<double>(area) * 1.5);
     destYSize = area;
     destChromaSize = area / 4;
     destUOffset = area;

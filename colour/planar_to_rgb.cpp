@@ -7,7 +7,7 @@
 #include <pixmoor/runtime.h>
 
 #include "colour/pixel_stores.h"
-#include "colour/pointer_steps.h"
+#include "geometry/wrapping.h"
 #include "colour/repack_rows.h"
 
 using pixmoor::WrapAdd;

@@ -7,7 +7,7 @@
 
 #include <cstdint>
 
-#include "colour/pointer_steps.h"
+#include "geometry/wrapping.h"
 
 namespace pixmoor {
 

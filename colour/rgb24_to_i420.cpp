@@ -5,7 +5,7 @@
 #include <pixmoor/primitives/mirror.h>
 #include <pixmoor/runtime.h>
 
-#include "colour/pointer_steps.h"
+#include "geometry/wrapping.h"
 
 CColorXFormRG24ToI420::~CColorXFormRG24ToI420() {
     delete[] flipBuffer;

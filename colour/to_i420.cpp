@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-#include "colour/pointer_steps.h"
+#include "geometry/wrapping.h"
 
 using pixmoor::ResolveOrientation;
 using pixmoor::Step;

@@ -13,8 +13,8 @@
     ROW(SigGetLibVersion)          /*  0 */ \
     ROW(SigMalloc32f)              /*  1 */ \
     ROW(SigFree)                   /*  2 */ \
-    ABSENT(SigThreshold32fI)       /*  3: signal threshold family */ \
-    ABSENT(SigSum32f)              /*  4: signal sum */ \
+    ROW(SigThreshold32fI)          /*  3: signal threshold family */ \
+    ROW(SigSum32f)                 /*  4: signal sum */ \
     ROW(SigGetStatusString)        /*  5 */ \
     ROW(ImgGetLibVersion)          /*  6 */ \
     ROW(ImgMomentStateAlloc)       /*  7: image moments */ \
@@ -24,8 +24,8 @@
     ROW(ImgRGBToYUV420)            /* 11: colour primitives */ \
     ROW(ImgYUV420ToRGB)            /* 12: colour primitives */ \
     ROW(ImgYUV420ToRGB_Step)       /* 13: colour primitives */ \
-    ABSENT(ImgYUVAToRGBA)          /* 14: colour primitives */ \
-    ABSENT(ImgYUV422ToRGB)         /* 15: colour primitives */ \
+    ROW(ImgYUVAToRGBA)             /* 14: colour primitives */ \
+    ROW(ImgYUV422ToRGB)            /* 15: colour primitives */ \
     ROW(ImgMirror8uC3I)            /* 16 */ \
     ROW(ImgMirror8uC3)             /* 17 */ \
     ROW(ImgMirror8uAC4I)           /* 18 */

@@ -1,15 +1,19 @@
 // The plain names of the dispatch rows: each a tail call through its slot.
-// Rows 3, 4, 14 and 15 get their stubs here when their families land.
 #include <pixmoor/runtime.h>
 #include <pixmoor/primitives/colour.h>
 #include <pixmoor/primitives/mirror.h>
 #include <pixmoor/primitives/moments.h>
+#include <pixmoor/primitives/signal.h>
 
 #include "runtime/dispatch.h"
 
 PIXMOOR_DISPATCH_STUB(0, const PrimVersion*, SigGetLibVersion, (void), ())
 PIXMOOR_DISPATCH_STUB(1, float*, SigMalloc32f, (int32_t count), (count))
 PIXMOOR_DISPATCH_STUB(2, void, SigFree, (void* block), (block))
+PIXMOOR_DISPATCH_STUB(3, PrimStatus, SigThreshold32fI, (float* srcDst, int32_t len, float level, SigCmpOp relOp),
+                      (srcDst, len, level, relOp))
+PIXMOOR_DISPATCH_STUB(4, PrimStatus, SigSum32f, (const float* src, int32_t len, float* sum, PrimAlgHint hint),
+                      (src, len, sum, hint))
 PIXMOOR_DISPATCH_STUB(5, const char*, SigGetStatusString, (PrimStatus status), (status))
 PIXMOOR_DISPATCH_STUB(6, const PrimVersion*, ImgGetLibVersion, (void), ())
 PIXMOOR_DISPATCH_STUB(7, PrimStatus, ImgMomentStateAlloc, (ImgMomentState** state, PrimAlgHint hint),
@@ -31,6 +35,14 @@ PIXMOOR_DISPATCH_STUB(12, PrimStatus, ImgYUV420ToRGB,
 PIXMOOR_DISPATCH_STUB(13, PrimStatus, ImgYUV420ToRGB_Step,
                       (const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst, int32_t dstStep,
                        int32_t width, int32_t height),
+                      (src, srcStep, dst, dstStep, width, height))
+PIXMOOR_DISPATCH_STUB(14, PrimStatus, ImgYUVAToRGBA,
+                      (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width,
+                       int32_t height),
+                      (src, srcStep, dst, dstStep, width, height))
+PIXMOOR_DISPATCH_STUB(15, PrimStatus, ImgYUV422ToRGB,
+                      (const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, int32_t width,
+                       int32_t height),
                       (src, srcStep, dst, dstStep, width, height))
 PIXMOOR_DISPATCH_STUB(16, PrimStatus, ImgMirror8uC3I,
                       (uint8_t* srcDst, int32_t step, int32_t width, int32_t height, MirrorAxis axis),

@@ -7,9 +7,9 @@
 #include <cstring>
 
 #include "size/rgb_scale.h"
-#include "size/wrapping.h"
+#include "geometry/wrapping.h"
 
-using pixmoor_size::WrapMul;
+using pixmoor::WrapMul;
 
 namespace {
 
@@ -91,7 +91,7 @@ int32_t CSizeXFormRGBScale::ScaleHalve24(CSizeXForm* object, const uint8_t* src,
     const int32_t skippedLine = WrapMul(s.inputSize.cx, kPixelBytes);
     for (int32_t line = 0; line < s.outputSize.cy; ++line) {
         for (int32_t g = 0; g < groups; ++g, src += 48, dst += 24) HalveGroup(src, dst);
-        src = pixmoor_size::Advance(src, skippedLine);
+        src = pixmoor::Step(src, skippedLine);
     }
     return 0;
 }

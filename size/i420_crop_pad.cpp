@@ -4,12 +4,12 @@
 
 #include <cstring>
 
-#include "size/wrapping.h"
+#include "geometry/wrapping.h"
 
-using pixmoor_size::Advance;
-using pixmoor_size::TruncateToInt32;
-using pixmoor_size::WrapMul;
-using pixmoor_size::WrapSub;
+using pixmoor::Step;
+using pixmoor::TruncateToInt32;
+using pixmoor::WrapMul;
+using pixmoor::WrapSub;
 
 namespace {
 
@@ -41,9 +41,9 @@ PlaneStrip HalveStrip(const PlaneStrip& luma) {
 inline void WalkMargin(int32_t padBytes, int32_t skipBytes, const uint8_t*& src, uint8_t*& dst) {
     if (padBytes > 0) {
         std::memset(dst, 0, static_cast<size_t>(padBytes));
-        dst = Advance(dst, padBytes);
+        dst = Step(dst, padBytes);
     } else {
-        src = Advance(src, skipBytes);
+        src = Step(src, skipBytes);
     }
 }
 
@@ -52,8 +52,8 @@ void WalkStrip(const PlaneStrip& s, const uint8_t*& src, uint8_t*& dst) {
     for (int32_t row = 0; row < s.rows; ++row) {
         WalkMargin(s.leftPadBytes, s.leftSkipBytes, src, dst);
         if (s.copyBytes > 0) std::memcpy(dst, src, static_cast<size_t>(s.copyBytes));
-        src = Advance(src, s.copyBytes);
-        dst = Advance(dst, s.copyBytes);
+        src = Step(src, s.copyBytes);
+        dst = Step(dst, s.copyBytes);
         WalkMargin(s.leftPadBytes, s.leftSkipBytes, src, dst);
     }
     WalkMargin(s.topPadBytes, s.topSkipBytes, src, dst);

@@ -4,13 +4,13 @@
 
 #include <cstring>
 
-#include "size/wrapping.h"
+#include "geometry/wrapping.h"
 
-using pixmoor_size::Advance;
-using pixmoor_size::TruncateToInt32;
-using pixmoor_size::WrapAdd;
-using pixmoor_size::WrapMul;
-using pixmoor_size::WrapSub;
+using pixmoor::Step;
+using pixmoor::TruncateToInt32;
+using pixmoor::WrapAdd;
+using pixmoor::WrapMul;
+using pixmoor::WrapSub;
 
 namespace {
 
@@ -51,7 +51,7 @@ uint8_t* RepeatPixel(uint8_t* dst, const uint8_t* pixel, int32_t bytesPerPixel, 
         case 3: return RepeatPixelOf<3>(dst, pixel, count);
         case 4: return RepeatPixelOf<4>(dst, pixel, count);
         default:
-            for (int32_t i = 0; i < count; ++i, dst = Advance(dst, bytesPerPixel))
+            for (int32_t i = 0; i < count; ++i, dst = Step(dst, bytesPerPixel))
                 if (bytesPerPixel > 0) std::memcpy(dst, pixel, static_cast<size_t>(bytesPerPixel));
             return dst;
     }
@@ -65,24 +65,24 @@ void ScaleLine(const CSizeXFormRGBScale& s, const uint8_t*& src, uint8_t*& dst) 
         switch (run->kind) {
             case RunCopy:
                 if (bytes > 0) std::memcpy(dst, src, static_cast<size_t>(bytes));
-                src = Advance(src, bytes);
-                dst = Advance(dst, bytes);
+                src = Step(src, bytes);
+                dst = Step(dst, bytes);
                 break;
             case RunDuplicate:
                 // The last source pixel taken lies just before src.
-                dst = RepeatPixel(dst, Advance(src, -bpp), bpp, run->count);
+                dst = RepeatPixel(dst, Step(src, -bpp), bpp, run->count);
                 break;
             case RunDrop:
-                src = Advance(src, bytes);
+                src = Step(src, bytes);
                 break;
             default:
                 break;  // an empty list: nothing was started
         }
     }
-    src = Advance(src, WrapAdd(s.srcTrailBytes, s.srcLinePad));
+    src = Step(src, WrapAdd(s.srcTrailBytes, s.srcLinePad));
     if (s.dstLinePad != 0) {
         if (s.dstLinePad > 0) std::memset(dst, 0, static_cast<size_t>(s.dstLinePad));
-        dst = Advance(dst, s.dstLinePad);
+        dst = Step(dst, s.dstLinePad);
     }
 }
 
@@ -162,12 +162,12 @@ int32_t CSizeXFormRGBScale::ScaleGeneric(CSizeXForm* object, const uint8_t* src,
                 // The line one back is repeated whole, pad bytes included.
                 for (int32_t line = 0; line < run->count; ++line) {
                     if (s.dstLineSize > 0)
-                        std::memcpy(dst, Advance(dst, -s.dstLineSize), static_cast<size_t>(s.dstLineSize));
-                    dst = Advance(dst, s.dstLineSize);
+                        std::memcpy(dst, Step(dst, -s.dstLineSize), static_cast<size_t>(s.dstLineSize));
+                    dst = Step(dst, s.dstLineSize);
                 }
                 break;
             case RunDrop:
-                src = Advance(src, WrapMul(run->count, s.srcLineSize));
+                src = Step(src, WrapMul(run->count, s.srcLineSize));
                 break;
             default:
                 break;

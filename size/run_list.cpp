@@ -3,10 +3,10 @@
 
 #include <new>
 
-#include "size/wrapping.h"
+#include "geometry/wrapping.h"
 
-using pixmoor_size::WrapAdd;
-using pixmoor_size::WrapSub;
+using pixmoor::WrapAdd;
+using pixmoor::WrapSub;
 
 namespace {
 

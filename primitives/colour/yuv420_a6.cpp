@@ -14,6 +14,7 @@
 #include <emmintrin.h>
 #include <xmmintrin.h>
 
+#include "primitives/colour/a6_shared.h"
 #include "primitives/colour/narrow_arith.h"
 #include "primitives/colour/narrow_sse2.h"
 #include "primitives/colour/tier_finish.h"
@@ -24,17 +25,8 @@ namespace {
 
 using namespace sse2;
 
-void Prefetch(const uint8_t* p) { _mm_prefetch(reinterpret_cast<const char*>(p + 32), _MM_HINT_NTA); }
-
-// Non-temporal store of the low 8 bytes of v.
-void Stream8(uint8_t* p, __m128i v) {
-#if defined(__x86_64__) || defined(_M_X64)
-    _mm_stream_si64(reinterpret_cast<long long*>(p), _mm_cvtsi128_si64(v));
-#else
-    _mm_stream_si32(reinterpret_cast<int*>(p), _mm_cvtsi128_si32(v));
-    _mm_stream_si32(reinterpret_cast<int*>(p + 4), _mm_cvtsi128_si32(_mm_srli_epi64(v, 32)));
-#endif
-}
+using a6::Prefetch;
+using a6::Stream8;
 
 // R, G, B of the 8 pixels from x on, one channel a 16-bit lane.
 Channels Load(PackedRgbIn::Line line, int32_t x) {
@@ -86,16 +78,8 @@ void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
 constexpr narrow::InverseFactors kInverse = {9339, 0, -3228, -4760, 16646};
 constexpr narrow::InverseFactors kInversePlanes = {9338, 0, -3227, -4759, 16645};
 
-// Factor lanes of a main-loop step, one lane per pixel 0 to 7 of a line,
-// rows in the order R from v', R from u', G from u', G from v', B from u'.
-// In the packed table the odd row stands at pixels 3 and 7.
-alignas(16) const int16_t kPackedLanes[5][8] = {
-    {9339, 9339, 9339, 9339, 9339, 9339, 9339, 9339},
-    {0, 0, 0, 4, 0, 0, 0, 4},
-    {-3228, -3228, -3228, -3232, -3228, -3228, -3228, -3232},
-    {-4760, -4760, -4760, -4760, -4760, -4760, -4760, -4760},
-    {16646, 16646, 16646, 16646, 16646, 16646, 16646, 16646},
-};
+// Factor lanes of a main-loop step, as in the packed table (a6_shared.h),
+// for the planes member: the w7 factors in every lane.
 alignas(16) const int16_t kPlanesLanes[5][8] = {
     {9338, 9338, 9338, 9338, 9338, 9338, 9338, 9338},
     {0, 0, 0, 0, 0, 0, 0, 0},
@@ -103,11 +87,6 @@ alignas(16) const int16_t kPlanesLanes[5][8] = {
     {-4759, -4759, -4759, -4759, -4759, -4759, -4759, -4759},
     {16645, 16645, 16645, 16645, 16645, 16645, 16645, 16645},
 };
-
-InverseLanes LoadLanes(const int16_t (&t)[5][8]) {
-    auto row = [&](int i) { return _mm_load_si128(reinterpret_cast<const __m128i*>(t[i])); };
-    return InverseLanes{row(0), row(1), row(2), row(3), row(4)};
-}
 
 void StorePixels(PackedRgbOut::Line line, int32_t x, RgbBytes c) {
     Interleave(c.r, c.g, c.b);
@@ -124,7 +103,7 @@ void StorePixels(const RgbPlanesOut::Line& line, int32_t x, const RgbBytes& c) {
 }
 
 struct PackedFactors {
-    static constexpr const int16_t (&kLanes)[5][8] = kPackedLanes;
+    static constexpr const int16_t (&kLanes)[5][8] = a6::kPackedInverseLanes;
     static constexpr const narrow::InverseFactors& kTail = kInverse;
 };
 struct PlanesFactors {
@@ -135,7 +114,7 @@ struct PlanesFactors {
 template <class Out, class Factors>
 void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
                       typename Out::Line bottom, int32_t pairs) {
-    const InverseLanes factors = LoadLanes(Factors::kLanes);
+    const InverseLanes factors = a6::LoadInverseLanes(Factors::kLanes);
     const __m128i z = _mm_setzero_si128();
     const int32_t mainPairs = pairs & ~3;
     int32_t j = 0;

@@ -5,5 +5,8 @@
 #define PIXMOOR_PRIMITIVES_COLOUR_H
 
 #include <pixmoor/primitives/colour/yuv420.h>
+#include <pixmoor/primitives/colour/yuv444.h>
+#include <pixmoor/primitives/colour/rgb16.h>
+#include <pixmoor/primitives/colour/yuv422.h>
 
 #endif

@@ -1,0 +1,47 @@
+// What the a6 colour kernels of every group share: the prefetch 32 bytes
+// ahead on a source line, the non-temporal 8-byte store to packed RGB, and
+// the inverse factor lanes of the packed RGB kernels, odd row included.
+#ifndef PIXMOOR_PRIMITIVES_COLOUR_A6_SHARED_H
+#define PIXMOOR_PRIMITIVES_COLOUR_A6_SHARED_H
+
+#include <emmintrin.h>
+#include <xmmintrin.h>
+
+#include <cstdint>
+
+#include "primitives/colour/narrow_sse2.h"
+
+namespace pixmoor::colour::a6 {
+
+inline void Prefetch(const uint8_t* p) { _mm_prefetch(reinterpret_cast<const char*>(p + 32), _MM_HINT_NTA); }
+
+// Non-temporal store of the low 8 bytes of v.
+inline void Stream8(uint8_t* p, __m128i v) {
+#if defined(__x86_64__) || defined(_M_X64)
+    _mm_stream_si64(reinterpret_cast<long long*>(p), _mm_cvtsi128_si64(v));
+#else
+    _mm_stream_si32(reinterpret_cast<int*>(p), _mm_cvtsi128_si32(v));
+    _mm_stream_si32(reinterpret_cast<int*>(p + 4), _mm_cvtsi128_si32(_mm_srli_epi64(v, 32)));
+#endif
+}
+
+// Inverse factor lanes of a main-loop step of the packed RGB kernels, one
+// lane per pixel 0 to 7 of a line, rows in the order R from v', R from u',
+// G from u', G from v', B from u'.  The odd row stands at pixels 3 and 7.
+alignas(16) inline const int16_t kPackedInverseLanes[5][8] = {
+    {9339, 9339, 9339, 9339, 9339, 9339, 9339, 9339},
+    {0, 0, 0, 4, 0, 0, 0, 4},
+    {-3228, -3228, -3228, -3232, -3228, -3228, -3228, -3232},
+    {-4760, -4760, -4760, -4760, -4760, -4760, -4760, -4760},
+    {16646, 16646, 16646, 16646, 16646, 16646, 16646, 16646},
+};
+
+// A table of that form in registers.
+inline sse2::InverseLanes LoadInverseLanes(const int16_t (&t)[5][8]) {
+    auto row = [&](int i) { return _mm_load_si128(reinterpret_cast<const __m128i*>(t[i])); };
+    return sse2::InverseLanes{row(0), row(1), row(2), row(3), row(4)};
+}
+
+}  // namespace pixmoor::colour::a6
+
+#endif
