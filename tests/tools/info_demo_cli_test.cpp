@@ -58,3 +58,18 @@ TEST(ToolDemoCli, UnwritableFolderIsOneLine) {
     EXPECT_EQ(run.ErrLines().size(), 1u) << run.err;
     EXPECT_NE(run.err.find("cannot make folder 'file/sub'"), std::string::npos) << run.err;
 }
+
+TEST(ToolHelpCli, HelpAndVersion) {
+    TempDir dir;
+    ToolRun run = RunTool(dir, {"--version"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out.rfind("pixmoor ", 0), 0u) << run.out;
+    run = RunTool(dir, {"--help"});
+    EXPECT_EQ(run.status, 0);
+    for (const char* part : {"convert", "resize", "info", "demo", "Exit status"})
+        EXPECT_NE(run.out.find(part), std::string::npos) << part;
+    run = RunTool(dir, {"convert", "--help"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_NE(run.out.find("YUY2 YUNV V422 yuy2 yunv v422"), std::string::npos) << run.out;
+    EXPECT_EQ(run.err, "");
+}

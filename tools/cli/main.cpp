@@ -22,6 +22,9 @@ int main(int argc, char** argv) {
         } catch (const CLI::CallForAllHelp&) {
             std::fputs(app.help("", CLI::AppFormatMode::All).c_str(), stdout);
             return kExitOk;
+        } catch (const CLI::CallForVersion&) {
+            std::puts("pixmoor " PIXMOOR_TOOL_VERSION);
+            return kExitOk;
         } catch (const CLI::ParseError& e) {
             FailUsage(std::string(e.what()) + " (see pixmoor --help)");
         }

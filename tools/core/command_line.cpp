@@ -40,6 +40,7 @@ void DefineCommandLine(CLI::App& app, CommandLine& line) {
         "3 input ended inside a frame (the complete frames before it were written).");
     app.require_subcommand(1);
     app.set_help_all_flag("--help-all", "help for every subcommand");
+    app.set_version_flag("--version", std::string(), "the version of the tool");
 
     const std::string spellings = SpellingList();
 
