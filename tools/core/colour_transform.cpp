@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "core/errors.h"
+
 namespace pixmoor_tool {
 
 ColourTransform::ColourTransform(std::unique_ptr<CColorXForm> xform, const ConvertPlan& plan)
@@ -21,6 +23,20 @@ const uint8_t* ColourTransform::Apply(uint8_t* input) {
     std::memset(output_.data(), 0, output_.size());
     xform_->XForm(input, output_.data(), pitch_);
     return output_.data();
+}
+
+ColourJob PrepareColourJob(const ConvertOptions& options, FrameSize size, bool y4mInput) {
+    std::unique_ptr<CColorXForm> xform;
+    ColourJob job;
+    job.plan = PlanConversion(options, size, y4mInput, [&](uint32_t src, uint32_t dst) {
+        xform.reset(CColorXForm::CreateInstance(src, dst));
+        return xform != nullptr;
+    });
+    if (!xform->Init(AbsSIZE(size.width, size.height), CColorXForm::EOrientation(job.plan.srcOrientation),
+                     CColorXForm::EOrientation(job.plan.destOrientation)))
+        Fail("the library could not set up " + PairText(job.plan) + " at " + FrameSizeText(size));
+    job.transform = std::make_unique<ColourTransform>(std::move(xform), job.plan);
+    return job;
 }
 
 }  // namespace pixmoor_tool

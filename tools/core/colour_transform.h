@@ -30,6 +30,13 @@ private:
     bool copyOnly_;
 };
 
+using ColourJob = PreparedJob<ConvertPlan, ColourTransform>;
+
+// Plans the conversion (PlanConversion, with the library's factory as the
+// judge of pairs), makes the transform and initialises it.  Throws a
+// ToolError on any mistake.
+ColourJob PrepareColourJob(const ConvertOptions& options, FrameSize size, bool y4mInput);
+
 }  // namespace pixmoor_tool
 
 #endif

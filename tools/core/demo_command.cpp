@@ -8,9 +8,7 @@
 #include <cstring>
 #include <memory>
 
-#include <pixmoor/colour.h>
 #include <pixmoor/runtime.h>
-#include <pixmoor/size.h>
 
 #include "core/colour_transform.h"
 #include "core/commands.h"
@@ -52,27 +50,20 @@ std::string Lower(std::string text) {
 }
 
 DemoResult RunColourPair(const ColourPair& pair, const RgbImage& picture, int64_t repeat) {
-    const FrameSize size{picture.width, picture.height};
-    ConvertOptions options;
+    ConvertOptions options;  // top-down files, tight rows: as convert does
     options.from = pair.src->name;
     options.to = pair.dst->name;
-    std::unique_ptr<CColorXForm> xform;
-    const ConvertPlan plan = PlanConversion(options, size, false, [&](uint32_t src, uint32_t dst) {
-        xform.reset(CColorXForm::CreateInstance(src, dst));
-        return xform != nullptr;
-    });
-    if (!xform->Init(AbsSIZE(size.width, size.height), CColorXForm::OrientTopDown, CColorXForm::OrientTopDown))
-        Fail("the library could not set up " + PairText(plan) + " at " + FrameSizeText(size));
+    const ColourJob job = PrepareColourJob(options, {picture.width, picture.height}, false);
+    const ConvertPlan& plan = job.plan;
 
-    ColourTransform transform(std::move(xform), plan);
     DemoResult result;
     result.label = std::string(pair.src->name) + ">" + pair.dst->name;
     result.fileName = "colour-" + Lower(pair.src->name) + "-to-" + Lower(pair.dst->name) + ".png";
-    const std::vector<uint8_t> out = TimeTransform(transform, EncodeFrame(*pair.src, picture), repeat,
+    const std::vector<uint8_t> out = TimeTransform(*job.transform, EncodeFrame(*pair.src, picture), repeat,
                                                    size_t(plan.outputFrameBytes), result.msPerFrame);
-    if (transform.copiesOnly()) result.msPerFrame = -1.0;
-    result.picture =
-        DecodeFrame(*plan.dst.info, out.data(), size.width, size.height, int32_t(plan.destPitch), plan.layout);
+    if (job.transform->copiesOnly()) result.msPerFrame = -1.0;
+    result.picture = DecodeFrame(*plan.dst.info, out.data(), picture.width, picture.height, int32_t(plan.destPitch),
+                                 plan.layout);
     return result;
 }
 
@@ -85,20 +76,13 @@ DemoResult RunSizeCase(const SizeCase& c, const RgbImage& picture, int64_t repea
     ResizeOptions options;
     options.format = c.format;
     options.outSize = FrameSizeText(c.out);
-    std::unique_ptr<CSizeXForm> xform;
-    const ResizePlan plan = PlanResize(options, {picture.width, picture.height}, false, [&](uint32_t code, uint32_t bits) {
-        xform.reset(CSizeXForm::CreateInstance(code, bits));
-        return xform != nullptr;
-    });
-    if (!xform->Init(AbsSIZE(plan.in.width, plan.in.height), AbsSIZE(plan.out.width, plan.out.height),
-                     plan.cropPad ? XFormCropPad : XFormScale, InterpDefault))
-        Fail("the library could not set up " + ResizeText(plan));
-    const std::unique_ptr<FrameTransform> transform = MakeSizeTransform(std::move(xform), plan);
+    const SizeJob job = PrepareSizeJob(options, {picture.width, picture.height}, false);
+    const ResizePlan& plan = job.plan;
 
     DemoResult result;
     result.label = std::string(c.format) + " " + FrameSizeText(c.out);
     result.fileName = "size-" + Lower(c.format) + "-" + FrameSizeText(c.out) + ".png";
-    const std::vector<uint8_t> out = TimeTransform(*transform, EncodeFrame(*plan.format, picture), repeat,
+    const std::vector<uint8_t> out = TimeTransform(*job.transform, EncodeFrame(*plan.format, picture), repeat,
                                                    size_t(plan.outputFrameBytes), result.msPerFrame);
     result.picture = DecodeFrame(*plan.format, out.data(), plan.out.width, plan.out.height);
     return result;

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "core/frame_sink.h"
@@ -26,6 +27,13 @@ public:
     // the library reads beyond the frame it is given.
     virtual size_t inputCapacity() const = 0;
     virtual const uint8_t* Apply(uint8_t* input) = 0;
+};
+
+// A checked plan and the transform made for it, ready for frames.
+template <typename Plan, typename Transform = FrameTransform>
+struct PreparedJob {
+    Plan plan;
+    std::unique_ptr<Transform> transform;
 };
 
 struct LoopResult {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "core/errors.h"
+
 namespace pixmoor_tool {
 namespace {
 
@@ -53,9 +55,22 @@ const uint8_t* ScaleTransform::Apply(uint8_t* input) {
                                                                                    : libraryOut_.data();
 }
 
-std::unique_ptr<FrameTransform> MakeSizeTransform(std::unique_ptr<CSizeXForm> xform, const ResizePlan& plan) {
-    if (plan.cropPad) return std::make_unique<CropPadTransform>(std::move(xform), plan);
-    return std::make_unique<ScaleTransform>(std::move(xform), plan);
+SizeJob PrepareSizeJob(const ResizeOptions& options, FrameSize in, bool y4mInput) {
+    std::unique_ptr<CSizeXForm> xform;
+    SizeJob job;
+    job.plan = PlanResize(options, in, y4mInput, [&](uint32_t code, uint32_t bits) {
+        xform.reset(CSizeXForm::CreateInstance(code, bits));
+        return xform != nullptr;
+    });
+    const ResizePlan& plan = job.plan;
+    if (!xform->Init(AbsSIZE(plan.in.width, plan.in.height), AbsSIZE(plan.out.width, plan.out.height),
+                     plan.cropPad ? XFormCropPad : XFormScale, InterpDefault))
+        Fail("the library could not set up " + ResizeText(plan));
+    if (plan.cropPad)
+        job.transform = std::make_unique<CropPadTransform>(std::move(xform), plan);
+    else
+        job.transform = std::make_unique<ScaleTransform>(std::move(xform), plan);
+    return job;
 }
 
 }  // namespace pixmoor_tool

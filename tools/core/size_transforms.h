@@ -43,9 +43,12 @@ private:
     std::vector<uint8_t> libraryIn_, libraryOut_, fileOut_;
 };
 
-// The transform for a plan, given a CSizeXForm that has had a successful
-// Init for it.
-std::unique_ptr<FrameTransform> MakeSizeTransform(std::unique_ptr<CSizeXForm> xform, const ResizePlan& plan);
+using SizeJob = PreparedJob<ResizePlan>;
+
+// Plans the resize (PlanResize, with the library's factory as the judge of
+// formats), makes the transform and initialises it.  Throws a ToolError on
+// any mistake.
+SizeJob PrepareSizeJob(const ResizeOptions& options, FrameSize in, bool y4mInput);
 
 }  // namespace pixmoor_tool
 
