@@ -192,3 +192,16 @@ TEST_F(ToolErrorsCli, EmptyInputIsZeroFrames) {
     EXPECT_TRUE(Has(run.err, "converted 0 frames"));
     EXPECT_EQ(ReadBytes(dir / "out").size(), 0u);
 }
+
+TEST_F(ToolErrorsCli, ReaderOfStandardOutputGoingAway) {
+    auto frames = I420Frames(352, 288, 1);
+    for (int i = 0; i < 4; ++i) frames = Concat(frames, frames);  // 16 frames, 4.8 MB of RGB out
+    WriteBytes(dir / "big", frames);
+    const std::string command = "cd " + ShellQuote(dir.path().string()) + " && bash -c " +
+                                ShellQuote(ShellQuote(InstalledTool()) +
+                                           " convert -q -i big -o - -f I420 -t RG24 -s 352x288 2> err | head -c 1 "
+                                           "> /dev/null; echo ${PIPESTATUS[0]} > status");
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(ReadText(dir / "status"), "1\n");
+    EXPECT_EQ(ReadText(dir / "err"), "pixmoor: error: cannot write to standard output: Broken pipe\n");
+}

@@ -1,5 +1,6 @@
 // The pixmoor command: parses the command line, runs one subcommand and
 // turns every failure into one line on standard error and an exit status.
+#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <new>
@@ -10,6 +11,9 @@
 
 int main(int argc, char** argv) {
     using namespace pixmoor_tool;
+    // A reader that goes away (a pipe into `head`) shows as a failed write,
+    // reported like any other, instead of ending the process by a signal.
+    std::signal(SIGPIPE, SIG_IGN);
     CLI::App app;
     CommandLine line;
     DefineCommandLine(app, line);

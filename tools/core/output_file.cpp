@@ -37,7 +37,7 @@ OutputFile::~OutputFile() {
 }
 
 void OutputFile::FailWrite(const std::string& why) {
-    Fail("cannot write output '" + path_ + "': " + why);
+    Fail("cannot write " + (path_ == "-" ? std::string("to standard output") : "output '" + path_ + "'") + ": " + why);
 }
 
 void OutputFile::Write(const void* data, size_t count) {
