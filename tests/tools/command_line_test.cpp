@@ -47,6 +47,18 @@ TEST(ToolCommandLine, ConvertOptions) {
     EXPECT_FALSE(c.native);
 }
 
+TEST(ToolCommandLine, InputAndOutputMayStandByThemselves) {
+    Parsed p({"convert", "in.yuv", "out.rgb", "--src", "YUY2", "--dest", "RG24", "-s", "8x8", "--pitch", "24"});
+    EXPECT_EQ(p.line.convert.input, "in.yuv");
+    EXPECT_EQ(p.line.convert.output, "out.rgb");
+    EXPECT_EQ(p.line.convert.from, "YUY2");
+    EXPECT_EQ(p.line.convert.to, "RG24");
+    EXPECT_EQ(p.line.convert.destPitch, 24);
+    Parsed r({"resize", "a.y4m", "b.y4m", "-S", "8x8"});
+    EXPECT_EQ(r.line.resize.input, "a.y4m");
+    EXPECT_EQ(r.line.resize.output, "b.y4m");
+}
+
 TEST(ToolCommandLine, ConvertNeedsInputOutputAndDestination) {
     EXPECT_TRUE(Refused({"convert", "-o", "x", "-t", "RG24"}));
     EXPECT_TRUE(Refused({"convert", "-i", "x", "-t", "RG24"}));

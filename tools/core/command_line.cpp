@@ -18,11 +18,11 @@ const char* const kFormatHelp = "format code; accepted spellings: ";
 
 void AddStreamOptions(CLI::App* cmd, std::string& input, std::string& output, bool& y4mStdout, std::string& rate,
                       bool& quiet) {
-    cmd->add_option("-i,--input", input,
+    cmd->add_option("input,-i,--input", input,
                     "input file, or - for standard input; a .y4m name or a stream that starts with "
                     "\"YUV4MPEG2\" is read as Y4M")
         ->required();
-    cmd->add_option("-o,--output", output,
+    cmd->add_option("output,-o,--output", output,
                     "output file, or - for standard output; .y4m writes Y4M, .png one PNG a frame "
                     "(NAME-000001.png, or a name with %d or %0Nd), anything else raw frames")
         ->required();
@@ -48,8 +48,8 @@ void DefineCommandLine(CLI::App& app, CommandLine& line) {
     CLI::App* convert = app.add_subcommand("convert", "convert raw frames from one format code to another");
     line.convertCommand = convert;
     AddStreamOptions(convert, c.input, c.output, c.y4mStdout, c.rate, c.quiet);
-    convert->add_option("-f,--from", c.from, std::string("source ") + kFormatHelp + spellings);
-    convert->add_option("-t,--to", c.to, "destination format code (I420, RG24, RG32, RG55, RG56)")->required();
+    convert->add_option("-f,--from,--src", c.from, std::string("source ") + kFormatHelp + spellings);
+    convert->add_option("-t,--to,--dest", c.to, "destination format code (I420, RG24, RG32, RG55, RG56)")->required();
     convert->add_option("-s,--size", c.size, "frame size WIDTHxHEIGHT (from the header for Y4M input)");
     CLI::Option* src = convert->add_option("--src-orient", c.srcOrient,
                                            "orientation of the source rows: top-down (default), bottom-up "
@@ -62,7 +62,7 @@ void DefineCommandLine(CLI::App& app, CommandLine& line) {
                       "top-down files")
         ->excludes(src)
         ->excludes(dst);
-    convert->add_option("--dest-pitch", c.destPitch,
+    convert->add_option("--dest-pitch,--pitch", c.destPitch,
                         "bytes from one destination row to the next, at least the row's length "
                         "(RGB destinations; default: tight rows)")
         ->check(CLI::Range(int64_t{0}, int64_t{1} << 30));
