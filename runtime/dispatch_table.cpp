@@ -16,10 +16,8 @@
 namespace pixmoor::dispatch {
 
 #define PIXMOOR_SLOT_AT_PX(name) PIXMOOR_ENTRY(px_##name),
-#define PIXMOOR_SLOT_EMPTY(name) nullptr,
-PrimEntry g_slots[kRowCount] = {PIXMOOR_DISPATCH_ROWS(PIXMOOR_SLOT_AT_PX, PIXMOOR_SLOT_EMPTY)};
+PrimEntry g_slots[kRowCount] = {PIXMOOR_DISPATCH_ROWS(PIXMOOR_SLOT_AT_PX)};
 #undef PIXMOOR_SLOT_AT_PX
-#undef PIXMOOR_SLOT_EMPTY
 
 }  // namespace pixmoor::dispatch
 
@@ -28,11 +26,9 @@ using namespace pixmoor::dispatch;  // the kRow_ indices
 
 #define PIXMOOR_ROW_ENTRIES(name) \
     {&g_slots[kRow_##name], {PIXMOOR_ENTRY(px_##name), PIXMOOR_ENTRY(m6_##name), PIXMOOR_ENTRY(a6_##name), PIXMOOR_ENTRY(w7_##name)}},
-// A family that has not landed yet: no tier has an entry.
-#define PIXMOOR_ROW_NO_ENTRIES(name) {&g_slots[kRow_##name], {nullptr, nullptr, nullptr, nullptr}},
 
 extern "C" {
 PrimDispatchRow PrimDispatchTable[PrimDispatchRowCount] = {
-    PIXMOOR_DISPATCH_ROWS(PIXMOOR_ROW_ENTRIES, PIXMOOR_ROW_NO_ENTRIES)};
+    PIXMOOR_DISPATCH_ROWS(PIXMOOR_ROW_ENTRIES)};
 int32_t PrimSlotCount = PrimDispatchRowCount;
 }

@@ -16,7 +16,6 @@
 
 #include "../primitives/colour/yuv420_harness.h"
 #include "../primitives/colour/yuv420_model.h"
-#include "../runtime/complete_table.h"
 #include "../runtime/played_processor.h"
 #include "colour_test_util.h"
 #include "guarded_buffer.h"
@@ -36,13 +35,10 @@ inline pixmoor_test::PlayedProcessor ProcessorFor(int tier) {
 
 // For the lifetime of the object: the runtime's state is saved (and put
 // back at the end), a processor that detects `tier` is played through the
-// platform seam, and rows whose families have not been built yet get
-// stand-in entries, so that the selection each Init runs succeeds.  Rows
-// that have entries keep them, so this holds before and after those
-// families land.
+// platform seam, so that the selection each Init runs picks that tier.
 class PlayedTier {
 public:
-    explicit PlayedTier(int tier) : platform_(ProcessorFor(tier)) { pixmoor_test::CompleteDispatchTable(); }
+    explicit PlayedTier(int tier) : platform_(ProcessorFor(tier)) {}
 
     // Detection gives `tier` from now on.
     void Play(int tier) { platform_.processor() = ProcessorFor(tier); }

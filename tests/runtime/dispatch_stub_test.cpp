@@ -6,7 +6,6 @@
 #include <thread>
 #include <vector>
 
-#include "complete_table.h"
 #include "played_processor.h"
 
 using namespace pixmoor_test;
@@ -115,7 +114,6 @@ TEST(DispatchStubs, PlainNamesOutsideTheTableFollowTheCurrentTier) {
 // call lands on a complete entry of some tier, and the results stay right.
 TEST(DispatchStubs, SelectionWhileOtherThreadsCallThrough) {
     RuntimeStateGuard guard;
-    CompleteDispatchTable();
     PlayedPlatform platform(PlayedProcessor::Reference(6, kMmx | kSse | kSse2));
     std::atomic<int> finished{0};
     std::atomic<int> failures{0};

@@ -4,7 +4,6 @@
 
 #include <vector>
 
-#include "complete_table.h"
 #include "played_processor.h"
 
 using namespace pixmoor_test;
@@ -14,9 +13,6 @@ namespace {
 const char kBestTierFailure[] = " No PRIM matching to examined CPU was found during the Waterfall procedure";
 const char kTierFailure[] = " No prim matching to CPU was found during the Waterfall";
 const char kCaption[] = "Set prim library error";
-
-// The rows whose families stand in this library now.
-const int kPresentRows[] = {0, 1, 2, 5, 6, 16, 17, 18};
 
 std::vector<PrimEntry> Slots() {
     std::vector<PrimEntry> slots;
@@ -138,41 +134,19 @@ TEST(PrimFillSlots, WalksOnlyPrimSlotCountRows) {
     }
 }
 
-TEST(PrimFillSlots, OnTheRealTableFillsTheRowsBeforeTheFirstAbsentOne) {
+TEST(PrimFillSlots, OnTheRealTableEveryRowHasAnEntryInEveryTier) {
     RuntimeStateGuard guard;
-    PrimSlotCount = 3;  // rows 0 to 2 stand
-    EXPECT_EQ(PrimFillSlots(3), 1);
-    for (int row = 0; row < 3; ++row) EXPECT_EQ(*PrimDispatchTable[row].slot, PrimDispatchTable[row].entries[3]);
-    PrimSlotCount = 19;
-    const std::vector<PrimEntry> before = Slots();
-    const int32_t filled = PrimFillSlots(2);
-    for (int row = 0; row < PrimDispatchRowCount; ++row) {
-        if (RowIsAbsent(guard.original(row))) {
-            // Rows of families not yet built stop the fill there.
-            EXPECT_EQ(filled, 0);
-            for (int rest = row; rest < PrimDispatchRowCount; ++rest)
-                EXPECT_EQ(*PrimDispatchTable[rest].slot, before[rest]) << rest;
-            break;
-        }
-        EXPECT_EQ(*PrimDispatchTable[row].slot, PrimDispatchTable[row].entries[2]) << row;
-    }
-}
-
-TEST(PrimFillSlots, ThePresentRowsFillInEveryColumn) {
-    RuntimeStateGuard guard;
-    CompleteDispatchTable();
+    for (int row = 0; row < PrimDispatchRowCount; ++row)
+        for (int tier = 0; tier < 4; ++tier) EXPECT_NE(PrimDispatchTable[row].entries[tier], nullptr) << row << " " << tier;
     for (int32_t column = 3; column >= 0; --column) {
         ASSERT_EQ(PrimFillSlots(column), 1);
-        for (int row : kPresentRows) {
-            EXPECT_NE(*PrimDispatchTable[row].slot, nullptr);
-            EXPECT_EQ(*PrimDispatchTable[row].slot, guard.original(row).entries[column]) << row;
-        }
+        for (int row = 0; row < PrimDispatchRowCount; ++row)
+            EXPECT_EQ(*PrimDispatchTable[row].slot, PrimDispatchTable[row].entries[column]) << row;
     }
 }
 
 TEST(PrimSelectTier, OutOfRangeShowsTheMessageAndChangesNothing) {
     RuntimeStateGuard guard;
-    CompleteDispatchTable();
     PrimCurrentTier = 2;
     for (int32_t tier : {4, -1, 5, INT32_MIN, INT32_MAX}) {
         PlayedPlatform platform(PlayedProcessor::Reference(6, kSse2));
@@ -187,7 +161,6 @@ TEST(PrimSelectTier, OutOfRangeShowsTheMessageAndChangesNothing) {
 
 TEST(PrimSelectTier, FillsTheAskedTierWithoutAskingTheProcessor) {
     RuntimeStateGuard guard;
-    CompleteDispatchTable();
     PlayedProcessor p = PlayedProcessor::Reference(6, kMmx);  // no SSE2: the request is not checked
     PlayedPlatform platform(p);
     for (int32_t tier : {3, 1, 2, 0}) {
@@ -204,7 +177,6 @@ TEST(PrimSelectTier, FillsTheAskedTierWithoutAskingTheProcessor) {
 
 TEST(PrimSelectTier, AClearedM6EntryOfRow5FallsThroughToPx) {
     RuntimeStateGuard guard;
-    CompleteDispatchTable();
     PlayedPlatform platform(PlayedProcessor::Reference(6, kMmx));
     PrimDispatchTable[5].entries[1] = nullptr;
     // The m6 column alone stops at row 5 with rows 0 to 4 on m6 ...
@@ -260,7 +232,6 @@ TEST(PrimSelectBestTier, SelectsTheDetectedTier) {
     };
     for (const auto& c : cases) {
         RuntimeStateGuard guard;
-        CompleteDispatchTable();
         PlayedPlatform platform(c.processor);
         EXPECT_EQ(PrimSelectBestTier(), 1);
         EXPECT_EQ(PrimGetTier(), c.tier);
@@ -272,7 +243,6 @@ TEST(PrimSelectBestTier, SelectsTheDetectedTier) {
 
 TEST(PrimSelectBestTier, RunsAgainInFullOnEveryCall) {
     RuntimeStateGuard guard;
-    CompleteDispatchTable();
     PlayedPlatform platform(PlayedProcessor::Reference(6, kSse2));
     EXPECT_EQ(PrimSelectBestTier(), 1);
     *PrimDispatchTable[16].slot = PrimDispatchTable[16].entries[0];
@@ -292,17 +262,14 @@ TEST(PrimSelectBestTier, FailureShowsItsOwnText) {
     EXPECT_EQ(PrimCurrentTier, 0);
 }
 
-TEST(PrimSelectBestTier, WhileFamiliesAreMissingTheWaterfallRunsDry) {
+TEST(PrimSelectBestTier, OnTheRealTableTheDetectedTierFillsEverySlot) {
     RuntimeStateGuard guard;
-    bool anyAbsent = false;
-    for (const auto& row : PrimDispatchTable) anyAbsent = anyAbsent || RowIsAbsent(row);
-    if (!anyAbsent) GTEST_SKIP() << "every family is present";
-    PlayedPlatform platform(PlayedProcessor::Reference(6, kSse2));
-    EXPECT_EQ(PrimSelectBestTier(), 0);
-    ExpectNoTierMessage(platform, kBestTierFailure);
-    EXPECT_EQ(PrimCurrentTier, 0);
-    // px went last: the rows before the first absent one hold px entries.
-    for (int row = 0; row < 3; ++row) EXPECT_EQ(*PrimDispatchTable[row].slot, PrimDispatchTable[row].entries[0]);
+    PlayedPlatform platform(PlayedProcessor::Reference(6, kMmx | kSse | kSse2));
+    EXPECT_EQ(PrimSelectBestTier(), 1);
+    EXPECT_EQ(PrimCurrentTier, 3);
+    for (int row = 0; row < PrimDispatchRowCount; ++row)
+        EXPECT_EQ(*PrimDispatchTable[row].slot, PrimDispatchTable[row].entries[3]) << row;
+    EXPECT_TRUE(platform.messages().empty());
 }
 
 TEST(PrimSelectBestTier, CaptionComesFromTheCaptionPointer) {

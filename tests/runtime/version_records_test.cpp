@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "complete_table.h"
 #include "played_processor.h"
 
 namespace {
@@ -48,7 +47,6 @@ TEST(VersionRecords, BeforeAnySelectionTheGettersReportPx) {
 
 TEST(VersionRecords, AfterSelectingW7TheGettersReportW7) {
     pixmoor_test::RuntimeStateGuard guard;
-    pixmoor_test::CompleteDispatchTable();
     ASSERT_EQ(PrimSelectTier(3), 1);
     EXPECT_STREQ(SigGetLibVersion()->name, "primsw7");
     EXPECT_STREQ(ImgGetLibVersion()->name, "primiw7");

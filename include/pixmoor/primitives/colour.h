@@ -4,9 +4,11 @@
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_H
 #define PIXMOOR_PRIMITIVES_COLOUR_H
 
+#include <pixmoor/primitives/colour/gray.h>
 #include <pixmoor/primitives/colour/yuv420.h>
 #include <pixmoor/primitives/colour/yuv444.h>
 #include <pixmoor/primitives/colour/rgb16.h>
 #include <pixmoor/primitives/colour/yuv422.h>
+#include <pixmoor/primitives/colour/ycbcr.h>
 
 #endif
