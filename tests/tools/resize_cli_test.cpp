@@ -19,27 +19,37 @@ RgbImage Positions(int32_t w, int32_t h) {
     RgbImage p(w, h);
     for (int32_t y = 0; y < h; ++y)
         for (int32_t x = 0; x < w; ++x) p.at(x, y)[0] = uint8_t(x), p.at(x, y)[1] = uint8_t(y), p.at(x, y)[2] = 99;
+    // (positions past 255 wrap: the comparisons wrap the same way)
     return p;
 }
 
 }  // namespace
 
 TEST(ToolResizeCli, RgbHalvingKeepsEvenPixelsAndRows) {
+    // 40x20 runs the generic scaler; 352x288 at 24 bits a fixed routine.
     TempDir dir;
-    for (const char* format : {"RG24", "RG32"}) {
-        const FormatInfo& f = *ParseFormat(format)->info;
-        WriteBytes(dir / "in", EncodeFrame(f, Positions(40, 20)));
-        const ToolRun run = RunTool(dir, {"resize", "-i", "in", "-o", "out", "-f", format, "-s", "40x20", "-S", "20x10"});
+    const struct {
+        const char* format;
+        FrameSize in;
+    } cases[] = {{"RG24", {40, 20}}, {"RG32", {40, 20}}, {"RG24", {352, 288}}};
+    for (const auto& c : cases) {
+        const FormatInfo& f = *ParseFormat(c.format)->info;
+        const FrameSize out{c.in.width / 2, c.in.height / 2};
+        WriteBytes(dir / "in", EncodeFrame(f, Positions(c.in.width, c.in.height)));
+        const ToolRun run = RunTool(dir, {"resize", "-i", "in", "-o", "out", "-f", c.format, "-s", FrameSizeText(c.in),
+                                          "-S", FrameSizeText(out)});
         ASSERT_EQ(run.status, 0) << run.err;
-        EXPECT_NE(run.err.find("resized 1 frame (" + std::string(format) + " 40x20 -> 20x10 (scale))"), std::string::npos)
+        EXPECT_NE(run.err.find("resized 1 frame (" + std::string(c.format) + " " + FrameSizeText(c.in) + " -> " +
+                               FrameSizeText(out) + " (scale))"),
+                  std::string::npos)
             << run.err;
-        const auto out = ReadBytes(dir / "out");
-        ASSERT_EQ(out.size(), size_t(20 * 10 * f.bitsPerPixel / 8));
-        const RgbImage picture = DecodeFrame(f, out.data(), 20, 10);
-        for (int32_t y = 0; y < 10; ++y)
-            for (int32_t x = 0; x < 20; ++x) {
-                EXPECT_EQ(picture.at(x, y)[0], 2 * x) << format << " " << x << "," << y;
-                EXPECT_EQ(picture.at(x, y)[1], 2 * y) << format << " " << x << "," << y;
+        const auto bytes = ReadBytes(dir / "out");
+        ASSERT_EQ(bytes.size(), size_t(out.width * out.height * f.bitsPerPixel / 8));
+        const RgbImage picture = DecodeFrame(f, bytes.data(), out.width, out.height);
+        for (int32_t y = 0; y < out.height; ++y)
+            for (int32_t x = 0; x < out.width; ++x) {
+                ASSERT_EQ(picture.at(x, y)[0], uint8_t(2 * x)) << c.format << " " << x << "," << y;
+                ASSERT_EQ(picture.at(x, y)[1], uint8_t(2 * y)) << c.format << " " << x << "," << y;
             }
     }
 }
