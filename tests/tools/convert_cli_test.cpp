@@ -60,7 +60,7 @@ TEST(ToolConvertCli, RawFramesMatchTheLibrary) {
                   LibraryConvert(FCC_YUY2, FCC_RG24, w, h, Slice(in, i * inFrame, inFrame)))
             << "frame " << i;
     // The summary, and no progress line: standard error is no terminal.
-    EXPECT_NE(run.err.find("pixmoor: converted 3 frames (YUY2 -> RG24 32x16)"), std::string::npos) << run.err;
+    EXPECT_NE(run.err.find("pixmoor: converted 3 frames (YUY2 -> RG24 32x16, tier "), std::string::npos) << run.err;
     EXPECT_NE(run.err.find("frames/s"), std::string::npos);
     EXPECT_EQ(run.err.find('\r'), std::string::npos);
     EXPECT_EQ(dir.List(), (std::vector<std::string>{"in.yuy2", "out.rgb"}));
@@ -214,4 +214,25 @@ TEST(ToolConvertCli, PngFramesOfRgbResults) {
     const auto words = LibraryConvert(FCC_YUY2, FCC_RG55, 16, 8, Slice(in, 0, 256));
     EXPECT_EQ(high.pixels,
               DecodeFrame(*FindFormat(FCC_RG55), words.data(), 16, 8, 0, Rgb555Layout::HighAligned).pixels);
+}
+
+TEST(ToolConvertCli, EveryTierCanBeAskedFor) {
+    TempDir dir;
+    const auto in = Frames(*FindFormat(FCC_I420), 32, 16, 1);
+    WriteBytes(dir / "in", in);
+    std::vector<std::vector<uint8_t>> outs;
+    for (const char* tier : {"px", "m6", "a6", "w7"}) {
+        const ToolRun run = RunTool(dir, {"convert", "-i", "in", "-o", "out", "-f", "I420", "-t", "RG24", "-s", "32x16",
+                                          "--tier", tier});
+        ASSERT_EQ(run.status, 0) << tier << ": " << run.err;
+        EXPECT_NE(run.err.find(std::string("tier ") + tier + ")"), std::string::npos) << run.err;
+        outs.push_back(ReadBytes(dir / "out"));
+    }
+    // px and m6 share their arithmetic; the vector tiers differ by one at most.
+    EXPECT_EQ(outs[0], outs[1]);
+    for (size_t t = 2; t < 4; ++t)
+        for (size_t i = 0; i < outs[0].size(); ++i) ASSERT_LE(std::abs(outs[0][i] - outs[t][i]), 1) << t << " " << i;
+    EXPECT_EQ(RunTool(dir, {"convert", "-i", "in", "-o", "out", "-f", "I420", "-t", "RG24", "-s", "32x16", "--tier", "x9"})
+                  .status,
+              2);
 }

@@ -208,5 +208,9 @@ TEST(ToolTierReason, FollowsTheDetectionRules) {
     info.family = 5;
     EXPECT_EQ(ExplainTier(true, true, info).tier, PrimTierPx);
     EXPECT_EQ(TierName(3), "w7");
+    EXPECT_EQ(TierNumber("px"), 0);
+    EXPECT_EQ(TierNumber("a6"), 2);
+    EXPECT_EQ(TierNumber("w7"), 3);
+    EXPECT_EQ(TierNumber("W7"), -1);
     EXPECT_EQ(TierName(4), "tier 4");
 }

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "core/errors.h"
+#include "core/tier_reason.h"
 
 namespace pixmoor_tool {
 
@@ -35,6 +36,10 @@ ColourJob PrepareColourJob(const ConvertOptions& options, FrameSize size, bool y
     if (!xform->Init(AbsSIZE(size.width, size.height), CColorXForm::EOrientation(job.plan.srcOrientation),
                      CColorXForm::EOrientation(job.plan.destOrientation)))
         Fail("the library could not set up " + PairText(job.plan) + " at " + FrameSizeText(size));
+    // Init selects the best tier for the processor; a tier asked for
+    // replaces it in the dispatch slots afterwards.
+    if (!options.tier.empty() && !PrimSelectTier(TierNumber(options.tier)))
+        Fail("the library could not select tier " + options.tier);
     job.transform = std::make_unique<ColourTransform>(std::move(xform), job.plan);
     return job;
 }

@@ -66,6 +66,10 @@ void DefineCommandLine(CLI::App& app, CommandLine& line) {
                         "bytes from one destination row to the next, at least the row's length "
                         "(RGB destinations; default: tight rows)")
         ->check(CLI::Range(int64_t{0}, int64_t{1} << 30));
+    convert->add_option("--tier", c.tier,
+                        "run the library's primitives at this code tier (px, m6, a6 or w7) instead of the one "
+                        "selection picks for the processor")
+        ->check(CLI::IsMember({"px", "m6", "a6", "w7"}));
 
     ResizeOptions& r = line.resize;
     CLI::App* resize = app.add_subcommand(

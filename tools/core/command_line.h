@@ -28,6 +28,7 @@ struct ConvertOptions {
     bool y4mStdout = false;
     std::string rate;  // Y4M output rate when the input gives none
     bool quiet = false;
+    std::string tier;  // empty: the tier that selection picks
 };
 
 struct ResizeOptions {

@@ -2,6 +2,7 @@
 #include "core/colour_transform.h"
 #include "core/commands.h"
 #include "core/stream_job.h"
+#include "core/tier_reason.h"
 
 namespace pixmoor_tool {
 
@@ -29,8 +30,8 @@ int RunConvert(const ConvertOptions& options) {
     out.bottomUp = plan.destBottomUp;
     out.y4m = OutputY4mHeader(input, options.rate, size);
     CheckOutputKind(out);
-    return RunStream(input, *job.transform, out, "converted", PairText(plan) + " " + FrameSizeText(size),
-                     options.quiet);
+    return RunStream(input, *job.transform, out, "converted",
+                     PairText(plan) + " " + FrameSizeText(size) + ", tier " + TierName(PrimGetTier()), options.quiet);
 }
 
 }  // namespace pixmoor_tool

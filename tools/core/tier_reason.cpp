@@ -2,10 +2,21 @@
 
 namespace pixmoor_tool {
 
+namespace {
+
+const char* const kTierNames[] = {"px", "m6", "a6", "w7"};
+
+}  // namespace
+
 std::string TierName(int32_t tier) {
-    static const char* const kNames[] = {"px", "m6", "a6", "w7"};
-    if (tier >= 0 && tier < 4) return kNames[tier];
+    if (tier >= 0 && tier < 4) return kTierNames[tier];
     return "tier " + std::to_string(tier);
+}
+
+int32_t TierNumber(const std::string& name) {
+    for (int32_t tier = 0; tier < 4; ++tier)
+        if (name == kTierNames[tier]) return tier;
+    return -1;
 }
 
 const char* TierInstructions(int32_t tier) {

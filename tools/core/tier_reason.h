@@ -22,6 +22,8 @@ TierVerdict ExplainTier(bool hasCpuid, bool referenceVendor, const CpuInfo& info
 
 // "px", "m6", "a6", "w7", or "tier N" for anything else.
 std::string TierName(int32_t tier);
+// The number of a tier name ("px" 0 to "w7" 3), -1 for anything else.
+int32_t TierNumber(const std::string& name);
 // What the code of a tier may use: "plain code", "MMX", "SSE", "SSE2".
 const char* TierInstructions(int32_t tier);
 
