@@ -66,7 +66,10 @@ TEST(ToolStreamJob, OutputKinds) {
     plan.format = FindFormat(FCC_RG56);
     EXPECT_THROW(CheckOutputKind(plan), ToolError);
     plan.kind = OutputKind::Png;
+    plan.path = "a.png";
     EXPECT_NO_THROW(CheckOutputKind(plan));
+    plan.path = "a%s.png";
+    EXPECT_THROW(CheckOutputKind(plan), ToolError);
 }
 
 TEST(ToolStreamJob, OutputHeaderKeepsTheInputsTags) {

@@ -53,6 +53,7 @@ void CheckOutputKind(const OutputPlan& plan) {
     if (plan.kind == OutputKind::Png && plan.format->kind != FormatKind::Rgb)
         FailUsage(std::string("PNG output needs RGB frames; ") + plan.format->name +
                   " is not RGB (write raw or .y4m instead)");
+    if (plan.kind == OutputKind::Png) PngPattern(plan.path);  // throws on a bad number field
     if (plan.kind == OutputKind::Y4m && plan.format->code != FCC_I420)
         FailUsage(std::string("Y4M output holds I420 frames; ") + plan.format->name + " can't be written as Y4M");
 }

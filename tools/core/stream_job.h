@@ -56,8 +56,9 @@ struct OutputPlan {
 // --rate text (or 25:1), with the output's size.
 Y4mHeader OutputY4mHeader(const OpenedInput& input, const std::string& rateText, FrameSize size);
 
-// Checks the output kind against the output format: PNG needs RGB frames,
-// Y4M needs I420 frames.  Throws a usage error.
+// Checks the output kind against the output format: PNG needs RGB frames
+// (and a good file name pattern), Y4M needs I420 frames.  Throws a usage
+// error.
 void CheckOutputKind(const OutputPlan& plan);
 
 // Opens the output, runs every frame, commits the output, prints the
