@@ -11,7 +11,7 @@
 # PIXMOOR_STAGES picks among "suite asan tsan fuzz" (default: all four).
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install-deps.sh
+scripts/install-deps.sh libgtest-dev libgmock-dev ffmpeg
 jobs=$(nproc)
 stages=" ${PIXMOOR_STAGES:-suite asan tsan fuzz} "
 started=$(date +%s)
