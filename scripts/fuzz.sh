@@ -20,7 +20,7 @@ scripts/install-deps.sh "clang-$clang_version" "libclang-rt-$clang_version-dev"
 
 cmake -S . -B build-fuzz -DCMAKE_C_COMPILER="clang-$clang_version" -DCMAKE_CXX_COMPILER="clang++-$clang_version" \
       -DCMAKE_BUILD_TYPE=Debug -DCMAKE_C_FLAGS=-O1 -DCMAKE_CXX_FLAGS=-O1 -DPIXMOOR_WERROR=ON \
-      -DPIXMOOR_BUILD_FUZZ=ON -DPIXMOOR_BUILD_TESTS=OFF -DPIXMOOR_BUILD_EXAMPLES=OFF -DPIXMOOR_BUILD_TOOLS=OFF
+      -DPIXMOOR_BUILD_FUZZ=ON -DPIXMOOR_BUILD_TESTS=OFF -DPIXMOOR_BUILD_EXAMPLES=OFF -DPIXMOOR_BUILD_TOOLS=ON
 cmake --build build-fuzz -j "$jobs"
 
 # Every harness has a seed folder and every seed folder a harness.
