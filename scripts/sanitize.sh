@@ -12,6 +12,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)
+scripts/install-deps.sh libgtest-dev libgmock-dev ffmpeg
 jobs=${JOBS:-$(nproc)}
 stages=("$@")
 [ ${#stages[@]} -gt 0 ] || stages=(asan tsan)
