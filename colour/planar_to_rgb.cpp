@@ -50,7 +50,10 @@ bool CColorXFormPlanarBuffered<Dest, Routine>::Init(AbsSIZE size, CColorXForm::E
     // 3 bytes a pixel that are used; the 16-bit destinations take just those.
     const int32_t bytes = Dest::kDestFCC == FCC_RG32 ? RGBImageSize(size.cx, size.cy, 32)
                                                      : WrapMul(WrapMul(size.cx, size.cy), 3);
-    rgbBuffer = pixmoor::NewByteBlock(bytes);
+    // A zero size still gets one pixel's bytes: the expansion and packing
+    // loops run one round whatever the size, and must read inside the block.
+    constexpr int32_t kOnePixel = 3;
+    rgbBuffer = pixmoor::NewByteBlock(bytes > 0 ? bytes : kOnePixel);
     if (rgbBuffer == nullptr) return false;  // before any orientation is resolved
     this->srcOrientation = pixmoor::ResolveOrientation(srcOrientation, pixmoor::kYuvNatural);
     this->xformRoutine = Routine;
