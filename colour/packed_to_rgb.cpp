@@ -1,6 +1,7 @@
 // The row loop of the packed 4:2:2 to RGB roads.
 #include "colour/packed_to_rgb.h"
 
+#include "colour/fast_rows.h"
 #include "colour/row_placement.h"
 #include "colour/yuv_fixed_point.h"
 
@@ -15,7 +16,12 @@ void PackedToRgbRoutine(const CColorXForm* xform, const uint8_t* src, uint8_t* d
         PlaceRows(dst, destPitch, t->destLineSize, height, HonoursOrientation && t->Flips());
     uint8_t* out = rows.start;
     for (int32_t row = 0; row < height; ++row) {
-        for (int32_t pair = 0; pair < pairs; ++pair) {
+        // Whole vector blocks first, where the processor has them; the
+        // pairs left over go through the scalar arithmetic below.
+        const int32_t done = PackedToRgbRowFast(src, out, pairs, Layout::kYLeft == 1, Store::kKind);
+        src += 4 * done;
+        out += 2 * Store::kBytes * done;
+        for (int32_t pair = done; pair < pairs; ++pair) {
             const BgrPair bgr =
                 YuvToBgrFixedPoint(src[Layout::kYLeft], src[Layout::kYRight], src[Layout::kU], src[Layout::kV]);
             Store::Put(out, bgr.left.first, bgr.left.second, bgr.left.third);

@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "colour/fast_rows.h"
 #include "geometry/wrapping.h"
 
 using pixmoor::ResolveOrientation;
@@ -64,7 +65,15 @@ void PackedToI420Routine(const CColorXForm* xform, const uint8_t* src, uint8_t* 
         const uint8_t* lower = Step(src, srcLineSize);
         uint8_t* yUpper = dst;
         uint8_t* yLower = Step(dst, width);
-        for (int32_t pair = 0; pair < pixelPairs; ++pair) {
+        const int32_t done =
+            PackedToI420RowPairFast(upper, lower, yUpper, yLower, uOut, vOut, pixelPairs, Layout::kYLeft == 1);
+        upper += 4 * done;
+        lower += 4 * done;
+        yUpper += 2 * done;
+        yLower += 2 * done;
+        uOut += done;
+        vOut += done;
+        for (int32_t pair = done; pair < pixelPairs; ++pair) {
             yUpper[0] = upper[Layout::kYLeft];
             yUpper[1] = upper[Layout::kYRight];
             yLower[0] = lower[Layout::kYLeft];
