@@ -1,9 +1,12 @@
 // AVX2 form of the repacking row of tight 3-byte pixels: sixteen pixels
-// (48 bytes) a step.  Four 16-byte loads at offsets 0, 12, 24 and 32 cover
-// the 48 bytes without reading past them; a byte shuffle spreads each load's
-// four pixels to 32-bit lanes of blue, green, red and a zero byte, which is
-// "RG32" as it stands.  The 16-bit formats cut their fields from those
-// lanes with shifts and masks, exactly the truncation of the scalar packing.
+// (48 bytes) a step.  A byte shuffle spreads four pixels to 32-bit lanes of
+// blue, green, red and a zero byte, which is "RG32" as it stands.  For
+// "RG32" the 48 bytes come in as three 16-byte loads, realigned to the
+// groups of four pixels, and go out as four 16-byte stores, which ran
+// faster here than 32-byte stores.  The 16-bit formats load the groups at
+// offsets 0, 12, 24 and 32 (never past the 48 bytes), and cut their fields
+// from the lanes with shifts and masks, exactly the truncation of the
+// scalar packing.
 #include "colour/fast_rows.h"
 
 #if PIXMOOR_HAVE_X86_TARGETS
@@ -34,8 +37,23 @@ PIXMOOR_TARGET_AVX2 inline __m256i Pack555(__m256i p) {
     return _mm256_or_si256(_mm256_or_si256(first, second), third);
 }
 
+PIXMOOR_TARGET_AVX2 int32_t ExpandRow(const uint8_t* src, uint8_t* out, int32_t pixels) {
+    const __m128i spread = _mm_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
+    int32_t done = 0;
+    for (; pixels - done >= 16; done += 16) {
+        const __m128i* in = reinterpret_cast<const __m128i*>(src + 3 * done);
+        __m128i* to = reinterpret_cast<__m128i*>(out + 4 * done);
+        const __m128i a = _mm_loadu_si128(in), b = _mm_loadu_si128(in + 1), c = _mm_loadu_si128(in + 2);
+        _mm_storeu_si128(to, _mm_shuffle_epi8(a, spread));
+        _mm_storeu_si128(to + 1, _mm_shuffle_epi8(_mm_alignr_epi8(b, a, 12), spread));
+        _mm_storeu_si128(to + 2, _mm_shuffle_epi8(_mm_alignr_epi8(c, b, 8), spread));
+        _mm_storeu_si128(to + 3, _mm_shuffle_epi8(_mm_srli_si128(c, 4), spread));
+    }
+    return done;
+}
+
 template <RgbStoreKind Kind>
-PIXMOOR_TARGET_AVX2 int32_t RepackRow(const uint8_t* src, uint8_t* out, int32_t pixels) {
+PIXMOOR_TARGET_AVX2 int32_t PackRow(const uint8_t* src, uint8_t* out, int32_t pixels) {
     // The last load starts 4 bytes into its group of four pixels.
     const __m256i spread = _mm256_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1,  //
                                             0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
@@ -46,15 +64,10 @@ PIXMOOR_TARGET_AVX2 int32_t RepackRow(const uint8_t* src, uint8_t* out, int32_t 
         const uint8_t* in = src + 3 * done;
         const __m256i front = _mm256_shuffle_epi8(LoadTwo(in, in + 12), spread);      // pixels 0-7
         const __m256i back = _mm256_shuffle_epi8(LoadTwo(in + 24, in + 32), spreadLast);  // pixels 8-15
-        if constexpr (Kind == RgbStoreKind::kBgr32) {
-            _mm256_storeu_si256(reinterpret_cast<__m256i*>(out + 4 * done), front);
-            _mm256_storeu_si256(reinterpret_cast<__m256i*>(out + 4 * done + 32), back);
-        } else {
-            const __m256i words = Kind == RgbStoreKind::kRgb565 ? _mm256_packus_epi32(Pack565(front), Pack565(back))
-                                                                 : _mm256_packus_epi32(Pack555(front), Pack555(back));
-            // The pack works lane by lane: put the four groups back in order.
-            _mm256_storeu_si256(reinterpret_cast<__m256i*>(out + 2 * done), _mm256_permute4x64_epi64(words, 0xD8));
-        }
+        const __m256i words = Kind == RgbStoreKind::kRgb565 ? _mm256_packus_epi32(Pack565(front), Pack565(back))
+                                                             : _mm256_packus_epi32(Pack555(front), Pack555(back));
+        // The pack works lane by lane: put the four groups back in order.
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(out + 2 * done), _mm256_permute4x64_epi64(words, 0xD8));
     }
     return done;
 }
@@ -63,9 +76,9 @@ PIXMOOR_TARGET_AVX2 int32_t RepackRow(const uint8_t* src, uint8_t* out, int32_t 
 
 int32_t RepackBgrRowAvx2(const uint8_t* src, uint8_t* out, int32_t pixels, RgbStoreKind store) {
     switch (store) {
-        case RgbStoreKind::kBgr32: return RepackRow<RgbStoreKind::kBgr32>(src, out, pixels);
-        case RgbStoreKind::kRgb565: return RepackRow<RgbStoreKind::kRgb565>(src, out, pixels);
-        case RgbStoreKind::kRgb555: return RepackRow<RgbStoreKind::kRgb555>(src, out, pixels);
+        case RgbStoreKind::kBgr32: return ExpandRow(src, out, pixels);
+        case RgbStoreKind::kRgb565: return PackRow<RgbStoreKind::kRgb565>(src, out, pixels);
+        case RgbStoreKind::kRgb555: return PackRow<RgbStoreKind::kRgb555>(src, out, pixels);
         default: return 0;  // no repacking road stores another layout
     }
 }
