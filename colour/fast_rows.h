@@ -1,8 +1,9 @@
-// Vector forms of the row loops of the scalar colour roads.  Each entry
+// Vector forms of the row loops of the scalar colour roads.  A row kernel
 // does the whole blocks at the start of a row and returns how many pixels
 // (or pixel pairs) it has done; the caller's scalar loop does the rest, so
-// every byte is the one the scalar arithmetic gives.  Callers choose with
-// isa::Has once a frame.
+// every byte is the one the scalar arithmetic gives.  Callers pick the
+// kernel once a frame, from the instruction-set level in force; no kernel
+// (null) means the scalar loop does the whole row.
 #ifndef PIXMOOR_COLOUR_FAST_ROWS_H
 #define PIXMOOR_COLOUR_FAST_ROWS_H
 
@@ -13,51 +14,56 @@
 
 namespace pixmoor {
 
-#if PIXMOOR_HAVE_X86_TARGETS
+// Packed 4:2:2 pairs to RGB pixels.  Returns the pairs done.
+using PackedToRgbRowKernel = int32_t (*)(const uint8_t* src, uint8_t* out, int32_t pairs);
 
-// Packed 4:2:2 pairs to RGB pixels; `lumaHigh` for "UYVY", whose lumas
-// stand in the odd bytes.  Returns the pairs done.
-int32_t PackedToRgbRowAvx2(const uint8_t* src, uint8_t* out, int32_t pairs, bool lumaHigh, RgbStoreKind store);
-int32_t PackedToRgbRowAvx512(const uint8_t* src, uint8_t* out, int32_t pairs, bool lumaHigh, RgbStoreKind store);
-
-// Tight 3-byte pixels (blue, green, red) to "RG32", "RG55" or "RG56"
-// pixels.  Returns the pixels done.  (A 512-bit form of this row, which
-// needs a dword permutation across the whole vector, measured slower here.)
-int32_t RepackBgrRowAvx2(const uint8_t* src, uint8_t* out, int32_t pixels, RgbStoreKind store);
+// Tight 3-byte pixels (blue, green, red) to another RGB format.  Returns
+// the pixels done.
+using RepackRowKernel = int32_t (*)(const uint8_t* src, uint8_t* out, int32_t pixels);
 
 // One row pair of packed 4:2:2 to the two luma rows and one row of each
 // chroma plane.  Returns the pixel pairs done.
-int32_t PackedToI420RowPairAvx2(const uint8_t* upper, const uint8_t* lower, uint8_t* yUpper, uint8_t* yLower,
-                                uint8_t* uOut, uint8_t* vOut, int32_t pairs, bool lumaHigh);
+using PackedToI420RowKernel = int32_t (*)(const uint8_t* upper, const uint8_t* lower, uint8_t* yUpper,
+                                          uint8_t* yLower, uint8_t* uOut, uint8_t* vOut, int32_t pairs);
 
-#endif
-
-// The widest form the processor offers, or 0 done where none applies.
-inline int32_t PackedToRgbRowFast(const uint8_t* src, uint8_t* out, int32_t pairs, bool lumaHigh,
-                                  RgbStoreKind store) {
 #if PIXMOOR_HAVE_X86_TARGETS
-    if (isa::Has(isa::kAvx512)) return PackedToRgbRowAvx512(src, out, pairs, lumaHigh, store);
-    if (isa::Has(isa::kAvx2)) return PackedToRgbRowAvx2(src, out, pairs, lumaHigh, store);
+
+// The kernels of each unit for a source layout (`lumaHigh` for "UYVY",
+// whose lumas stand in the odd bytes) and a store; null for a store the
+// unit has no kernel for.
+PackedToRgbRowKernel PackedToRgbRowAvx2(bool lumaHigh, RgbStoreKind store);
+PackedToRgbRowKernel PackedToRgbRowAvx512(bool lumaHigh, RgbStoreKind store);
+// (A 512-bit repacking row, which needs a dword permutation across the
+// whole vector, measured slower here than this one.)
+RepackRowKernel RepackBgrRowAvx2(RgbStoreKind store);
+PackedToI420RowKernel PackedToI420RowPairAvx2(bool lumaHigh);
+
 #endif
-    (void)src, (void)out, (void)pairs, (void)lumaHigh, (void)store;
-    return 0;
+
+// The widest kernel the level in force allows.
+inline PackedToRgbRowKernel FastPackedToRgbRow(bool lumaHigh, RgbStoreKind store) {
+#if PIXMOOR_HAVE_X86_TARGETS
+    if (isa::Has(isa::kAvx512)) return PackedToRgbRowAvx512(lumaHigh, store);
+    if (isa::Has(isa::kAvx2)) return PackedToRgbRowAvx2(lumaHigh, store);
+#endif
+    (void)lumaHigh, (void)store;
+    return nullptr;
 }
 
-inline int32_t RepackBgrRowFast(const uint8_t* src, uint8_t* out, int32_t pixels, RgbStoreKind store) {
+inline RepackRowKernel FastRepackRow(RgbStoreKind store) {
 #if PIXMOOR_HAVE_X86_TARGETS
-    if (isa::Has(isa::kAvx2)) return RepackBgrRowAvx2(src, out, pixels, store);
+    if (isa::Has(isa::kAvx2)) return RepackBgrRowAvx2(store);
 #endif
-    (void)src, (void)out, (void)pixels, (void)store;
-    return 0;
+    (void)store;
+    return nullptr;
 }
 
-inline int32_t PackedToI420RowPairFast(const uint8_t* upper, const uint8_t* lower, uint8_t* yUpper, uint8_t* yLower,
-                                       uint8_t* uOut, uint8_t* vOut, int32_t pairs, bool lumaHigh) {
+inline PackedToI420RowKernel FastPackedToI420RowPair(bool lumaHigh) {
 #if PIXMOOR_HAVE_X86_TARGETS
-    if (isa::Has(isa::kAvx2)) return PackedToI420RowPairAvx2(upper, lower, yUpper, yLower, uOut, vOut, pairs, lumaHigh);
+    if (isa::Has(isa::kAvx2)) return PackedToI420RowPairAvx2(lumaHigh);
 #endif
-    (void)upper, (void)lower, (void)yUpper, (void)yLower, (void)uOut, (void)vOut, (void)pairs, (void)lumaHigh;
-    return 0;
+    (void)lumaHigh;
+    return nullptr;
 }
 
 }  // namespace pixmoor

@@ -15,10 +15,11 @@ void PackedToRgbRoutine(const CColorXForm* xform, const uint8_t* src, uint8_t* d
     const RowPlacement rows =
         PlaceRows(dst, destPitch, t->destLineSize, height, HonoursOrientation && t->Flips());
     uint8_t* out = rows.start;
+    // Whole vector blocks first, where the processor has them; the pairs
+    // left over go through the scalar arithmetic below.
+    const PackedToRgbRowKernel fast = FastPackedToRgbRow(Layout::kYLeft == 1, Store::kKind);
     for (int32_t row = 0; row < height; ++row) {
-        // Whole vector blocks first, where the processor has them; the
-        // pairs left over go through the scalar arithmetic below.
-        const int32_t done = PackedToRgbRowFast(src, out, pairs, Layout::kYLeft == 1, Store::kKind);
+        const int32_t done = fast != nullptr ? fast(src, out, pairs) : 0;
         src += 4 * done;
         out += 2 * Store::kBytes * done;
         for (int32_t pair = done; pair < pairs; ++pair) {

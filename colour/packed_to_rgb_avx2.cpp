@@ -113,20 +113,20 @@ PIXMOOR_TARGET_AVX2 int32_t ConvertRow(const uint8_t* src, uint8_t* out, int32_t
 }
 
 template <bool LumaHigh>
-int32_t ConvertRowTo(const uint8_t* src, uint8_t* out, int32_t pairs, RgbStoreKind store) {
+PackedToRgbRowKernel RowFor(RgbStoreKind store) {
     switch (store) {
-        case RgbStoreKind::kBgr24: return ConvertRow<LumaHigh, RgbStoreKind::kBgr24>(src, out, pairs);
-        case RgbStoreKind::kBgr32: return ConvertRow<LumaHigh, RgbStoreKind::kBgr32>(src, out, pairs);
-        case RgbStoreKind::kRgb565: return ConvertRow<LumaHigh, RgbStoreKind::kRgb565>(src, out, pairs);
-        case RgbStoreKind::kRgb555High: return ConvertRow<LumaHigh, RgbStoreKind::kRgb555High>(src, out, pairs);
-        default: return 0;  // no packed road stores another layout
+        case RgbStoreKind::kBgr24: return ConvertRow<LumaHigh, RgbStoreKind::kBgr24>;
+        case RgbStoreKind::kBgr32: return ConvertRow<LumaHigh, RgbStoreKind::kBgr32>;
+        case RgbStoreKind::kRgb565: return ConvertRow<LumaHigh, RgbStoreKind::kRgb565>;
+        case RgbStoreKind::kRgb555High: return ConvertRow<LumaHigh, RgbStoreKind::kRgb555High>;
+        default: return nullptr;  // no packed road stores another layout
     }
 }
 
 }  // namespace
 
-int32_t PackedToRgbRowAvx2(const uint8_t* src, uint8_t* out, int32_t pairs, bool lumaHigh, RgbStoreKind store) {
-    return lumaHigh ? ConvertRowTo<true>(src, out, pairs, store) : ConvertRowTo<false>(src, out, pairs, store);
+PackedToRgbRowKernel PackedToRgbRowAvx2(bool lumaHigh, RgbStoreKind store) {
+    return lumaHigh ? RowFor<true>(store) : RowFor<false>(store);
 }
 
 }  // namespace pixmoor

@@ -20,9 +20,10 @@ namespace pixmoor {
 template <class Store>
 void RepackBgrRows(const uint8_t* src, uint8_t* out, int32_t width, int32_t height, int32_t gap) {
     const int32_t rowPixels = width > 1 ? width : 1;
+    const RepackRowKernel fast = FastRepackRow(Store::kKind);
     int32_t rowsLeft = height;
     do {
-        const int32_t done = RepackBgrRowFast(src, out, rowPixels, Store::kKind);
+        const int32_t done = fast != nullptr ? fast(src, out, rowPixels) : 0;
         src += 3 * done;
         out += Store::kBytes * done;
         for (int32_t pixelsLeft = rowPixels - done; pixelsLeft > 0; --pixelsLeft) {

@@ -74,12 +74,12 @@ PIXMOOR_TARGET_AVX2 int32_t PackRow(const uint8_t* src, uint8_t* out, int32_t pi
 
 }  // namespace
 
-int32_t RepackBgrRowAvx2(const uint8_t* src, uint8_t* out, int32_t pixels, RgbStoreKind store) {
+RepackRowKernel RepackBgrRowAvx2(RgbStoreKind store) {
     switch (store) {
-        case RgbStoreKind::kBgr32: return ExpandRow(src, out, pixels);
-        case RgbStoreKind::kRgb565: return PackRow<RgbStoreKind::kRgb565>(src, out, pixels);
-        case RgbStoreKind::kRgb555: return PackRow<RgbStoreKind::kRgb555>(src, out, pixels);
-        default: return 0;  // no repacking road stores another layout
+        case RgbStoreKind::kBgr32: return ExpandRow;
+        case RgbStoreKind::kRgb565: return PackRow<RgbStoreKind::kRgb565>;
+        case RgbStoreKind::kRgb555: return PackRow<RgbStoreKind::kRgb555>;
+        default: return nullptr;  // no repacking road stores another layout
     }
 }
 

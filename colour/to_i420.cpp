@@ -60,13 +60,15 @@ void PackedToI420Routine(const CColorXForm* xform, const uint8_t* src, uint8_t* 
     const int32_t srcLineSize = t->srcLineSize;
     uint8_t* uOut = Step(dst, t->destUOffset);
     uint8_t* vOut = Step(dst, t->destVOffset);
+    // Whole vector blocks of a row pair first, where the processor has
+    // them; the scalar loop below does the pairs left over.
+    const PackedToI420RowKernel fast = FastPackedToI420RowPair(Layout::kYLeft == 1);
     for (int32_t rowPair = 0; rowPair < rowPairs; ++rowPair) {
         const uint8_t* upper = src;
         const uint8_t* lower = Step(src, srcLineSize);
         uint8_t* yUpper = dst;
         uint8_t* yLower = Step(dst, width);
-        const int32_t done =
-            PackedToI420RowPairFast(upper, lower, yUpper, yLower, uOut, vOut, pixelPairs, Layout::kYLeft == 1);
+        const int32_t done = fast != nullptr ? fast(upper, lower, yUpper, yLower, uOut, vOut, pixelPairs) : 0;
         upper += 4 * done;
         lower += 4 * done;
         yUpper += 2 * done;

@@ -54,10 +54,8 @@ PIXMOOR_TARGET_AVX2 int32_t SplitRowPair(const uint8_t* upper, const uint8_t* lo
 
 }  // namespace
 
-int32_t PackedToI420RowPairAvx2(const uint8_t* upper, const uint8_t* lower, uint8_t* yUpper, uint8_t* yLower,
-                                uint8_t* uOut, uint8_t* vOut, int32_t pairs, bool lumaHigh) {
-    return lumaHigh ? SplitRowPair<true>(upper, lower, yUpper, yLower, uOut, vOut, pairs)
-                    : SplitRowPair<false>(upper, lower, yUpper, yLower, uOut, vOut, pairs);
+PackedToI420RowKernel PackedToI420RowPairAvx2(bool lumaHigh) {
+    return lumaHigh ? SplitRowPair<true> : SplitRowPair<false>;
 }
 
 }  // namespace pixmoor
