@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "colour/block_copy.h"
 #include "colour/fast_rows.h"
 #include "geometry/wrapping.h"
 
@@ -46,9 +47,9 @@ void YV12ToI420Routine(const CColorXForm* xform, const uint8_t* src, uint8_t* ds
     const int32_t ySize = t->srcYSize;
     const int32_t chromaSize = t->srcChromaSize;
     const int32_t secondPlane = WrapAdd(ySize, chromaSize);
-    std::memcpy(dst, src, static_cast<uint32_t>(ySize));
-    std::memcpy(Step(dst, ySize), Step(src, secondPlane), static_cast<uint32_t>(chromaSize));  // U
-    std::memcpy(Step(dst, secondPlane), Step(src, ySize), static_cast<uint32_t>(chromaSize));  // V
+    CopyBlock(dst, src, static_cast<uint32_t>(ySize));
+    CopyBlock(Step(dst, ySize), Step(src, secondPlane), static_cast<uint32_t>(chromaSize));  // U
+    CopyBlock(Step(dst, secondPlane), Step(src, ySize), static_cast<uint32_t>(chromaSize));  // V
 }
 
 template <class Layout>
