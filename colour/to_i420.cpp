@@ -1,8 +1,6 @@
 // Stage 1 and the routines of the scalar roads into "I420".
 #include "colour/to_i420.h"
 
-#include <cstring>
-
 #include "colour/block_copy.h"
 #include "colour/fast_rows.h"
 #include "geometry/wrapping.h"
