@@ -37,6 +37,7 @@ PackedToRgbRowKernel PackedToRgbRowAvx512(bool lumaHigh, RgbStoreKind store);
 // whole vector, measured slower here than this one.)
 RepackRowKernel RepackBgrRowAvx2(RgbStoreKind store);
 PackedToI420RowKernel PackedToI420RowPairAvx2(bool lumaHigh);
+PackedToI420RowKernel PackedToI420RowPairAvx512(bool lumaHigh);
 
 #endif
 
@@ -60,6 +61,7 @@ inline RepackRowKernel FastRepackRow(RgbStoreKind store) {
 
 inline PackedToI420RowKernel FastPackedToI420RowPair(bool lumaHigh) {
 #if PIXMOOR_HAVE_X86_TARGETS
+    if (isa::Has(isa::kAvx512)) return PackedToI420RowPairAvx512(lumaHigh);
     if (isa::Has(isa::kAvx2)) return PackedToI420RowPairAvx2(lumaHigh);
 #endif
     (void)lumaHigh;

@@ -152,8 +152,8 @@ inline std::vector<int64_t> DefaultPitchRowStarts(uint32_t destPitch, int lineSi
 }
 
 // Widths (multiples of 4, as Init requires) below, at and around the
-// vector blocks of the scalar roads' fast rows (16 pixels, 32 for the
-// packed roads into "I420"), with scalar tails of every length.
+// vector blocks of the scalar roads' fast rows (16, 32 and 64 pixels by
+// road and instruction set), with scalar tails of every length.
 inline std::vector<int> FastRowWidths() {
     return {4, 8, 12, 16, 20, 28, 32, 36, 44, 48, 52, 60, 64, 68, 76, 96, 100, 124, 128, 132};
 }
