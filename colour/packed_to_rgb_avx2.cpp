@@ -8,7 +8,7 @@
 // halves of the lane, where the two lumas of the pair stand, and the
 // pixels are summed in 16-bit lanes, which hold Y - 16 plus any term.
 // Unsigned saturation to bytes (or min and max) is the clamp to 0..255.
-#include "colour/fast_rows.h"
+#include "colour/packed_row_select.h"
 
 #if PIXMOOR_HAVE_X86_TARGETS
 
@@ -104,29 +104,19 @@ PIXMOOR_TARGET_AVX2 inline void StoreSixteen(const PixelWords& p, uint8_t* out) 
 }
 
 template <bool LumaHigh, RgbStoreKind Kind>
-PIXMOOR_TARGET_AVX2 int32_t ConvertRow(const uint8_t* src, uint8_t* out, int32_t pairs) {
-    constexpr int32_t kPixelBytes = Kind == RgbStoreKind::kBgr32 ? 4 : Kind == RgbStoreKind::kBgr24 ? 3 : 2;
-    int32_t done = 0;
-    for (; pairs - done >= 8; done += 8)
-        StoreSixteen<Kind>(ConvertEightPairs<LumaHigh>(src + 4 * done), out + 2 * kPixelBytes * done);
-    return done;
-}
-
-template <bool LumaHigh>
-PackedToRgbRowKernel RowFor(RgbStoreKind store) {
-    switch (store) {
-        case RgbStoreKind::kBgr24: return ConvertRow<LumaHigh, RgbStoreKind::kBgr24>;
-        case RgbStoreKind::kBgr32: return ConvertRow<LumaHigh, RgbStoreKind::kBgr32>;
-        case RgbStoreKind::kRgb565: return ConvertRow<LumaHigh, RgbStoreKind::kRgb565>;
-        case RgbStoreKind::kRgb555High: return ConvertRow<LumaHigh, RgbStoreKind::kRgb555High>;
-        default: return nullptr;  // no packed road stores another layout
+struct ConvertRow {
+    PIXMOOR_TARGET_AVX2 static int32_t Run(const uint8_t* src, uint8_t* out, int32_t pairs) {
+        int32_t done = 0;
+        for (; pairs - done >= 8; done += 8)
+            StoreSixteen<Kind>(ConvertEightPairs<LumaHigh>(src + 4 * done), out + 2 * BytesPerPixel(Kind) * done);
+        return done;
     }
-}
+};
 
 }  // namespace
 
 PackedToRgbRowKernel PackedToRgbRowAvx2(bool lumaHigh, RgbStoreKind store) {
-    return lumaHigh ? RowFor<true>(store) : RowFor<false>(store);
+    return SelectPackedToRgbRow<ConvertRow>(lumaHigh, store);
 }
 
 }  // namespace pixmoor

@@ -3,18 +3,11 @@
 // packed_to_rgb_avx2.cpp): multiply-adds of the (U, V) word pairs give the
 // floored chroma terms per pair, which are copied to both lumas of the pair
 // and summed in 16-bit lanes; unsigned saturation (or min and max) clamps.
-#include "colour/fast_rows.h"
+#include "colour/packed_row_select.h"
 
 #if PIXMOOR_HAVE_X86_TARGETS
 
-// GCC 12's 512-bit intrinsics start from an undefined vector, which its
-// flow analysis reports as (maybe) uninitialized in every caller.
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#endif
-
-#include <immintrin.h>
+#include "colour/avx512_intrinsics.h"
 
 namespace pixmoor {
 namespace {
@@ -102,29 +95,19 @@ PIXMOOR_TARGET_AVX512 inline void StoreThirtyTwo(const PixelWords& p, uint8_t* o
 }
 
 template <bool LumaHigh, RgbStoreKind Kind>
-PIXMOOR_TARGET_AVX512 int32_t ConvertRow(const uint8_t* src, uint8_t* out, int32_t pairs) {
-    constexpr int32_t kPixelBytes = Kind == RgbStoreKind::kBgr32 ? 4 : Kind == RgbStoreKind::kBgr24 ? 3 : 2;
-    int32_t done = 0;
-    for (; pairs - done >= 16; done += 16)
-        StoreThirtyTwo<Kind>(ConvertSixteenPairs<LumaHigh>(src + 4 * done), out + 2 * kPixelBytes * done);
-    return done;
-}
-
-template <bool LumaHigh>
-PackedToRgbRowKernel RowFor(RgbStoreKind store) {
-    switch (store) {
-        case RgbStoreKind::kBgr24: return ConvertRow<LumaHigh, RgbStoreKind::kBgr24>;
-        case RgbStoreKind::kBgr32: return ConvertRow<LumaHigh, RgbStoreKind::kBgr32>;
-        case RgbStoreKind::kRgb565: return ConvertRow<LumaHigh, RgbStoreKind::kRgb565>;
-        case RgbStoreKind::kRgb555High: return ConvertRow<LumaHigh, RgbStoreKind::kRgb555High>;
-        default: return nullptr;  // no packed road stores another layout
+struct ConvertRow {
+    PIXMOOR_TARGET_AVX512 static int32_t Run(const uint8_t* src, uint8_t* out, int32_t pairs) {
+        int32_t done = 0;
+        for (; pairs - done >= 16; done += 16)
+            StoreThirtyTwo<Kind>(ConvertSixteenPairs<LumaHigh>(src + 4 * done), out + 2 * BytesPerPixel(Kind) * done);
+        return done;
     }
-}
+};
 
 }  // namespace
 
 PackedToRgbRowKernel PackedToRgbRowAvx512(bool lumaHigh, RgbStoreKind store) {
-    return lumaHigh ? RowFor<true>(store) : RowFor<false>(store);
+    return SelectPackedToRgbRow<ConvertRow>(lumaHigh, store);
 }
 
 }  // namespace pixmoor

@@ -14,6 +14,10 @@ namespace pixmoor {
 // value rather than as a type.
 enum class RgbStoreKind { kBgr24, kBgr32, kRgb565, kRgb555, kRgb555High };
 
+constexpr int32_t BytesPerPixel(RgbStoreKind kind) {
+    return kind == RgbStoreKind::kBgr32 ? 4 : kind == RgbStoreKind::kBgr24 ? 3 : 2;
+}
+
 inline void PutWord16(uint8_t* out, uint32_t word) {
     out[0] = static_cast<uint8_t>(word);
     out[1] = static_cast<uint8_t>(word >> 8);

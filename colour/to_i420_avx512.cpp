@@ -5,14 +5,7 @@
 
 #if PIXMOOR_HAVE_X86_TARGETS
 
-// GCC 12's 512-bit intrinsics start from an undefined vector, which its
-// flow analysis reports as (maybe) uninitialized in every caller.
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#endif
-
-#include <immintrin.h>
+#include "colour/avx512_intrinsics.h"
 
 namespace pixmoor {
 namespace {
