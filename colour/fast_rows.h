@@ -1,7 +1,8 @@
 // Vector forms of the row loops of the scalar colour roads.  A row kernel
-// does the whole blocks at the start of a row and returns how many pixels
-// (or pixel pairs) it has done; the caller's scalar loop does the rest, so
-// every byte is the one the scalar arithmetic gives.  Callers pick the
+// does a row in vector blocks and returns how many pixels (or pixel pairs)
+// it has done: the whole row, or none for a row shorter than one block; the
+// caller's scalar loop does what is left.  Every byte is the one the scalar
+// arithmetic gives.  Callers pick the
 // kernel once a frame, from the instruction-set level in force; no kernel
 // (null) means the scalar loop does the whole row.
 #ifndef PIXMOOR_COLOUR_FAST_ROWS_H
@@ -25,6 +26,19 @@ using RepackRowKernel = int32_t (*)(const uint8_t* src, uint8_t* out, int32_t pi
 // chroma plane.  Returns the pixel pairs done.
 using PackedToI420RowKernel = int32_t (*)(const uint8_t* upper, const uint8_t* lower, uint8_t* yUpper,
                                           uint8_t* yLower, uint8_t* uOut, uint8_t* vOut, int32_t pairs);
+
+// Kernels walk a row of `count` units (pixels or pairs) in blocks of
+// `block`, from the row's start; where the row is no multiple of the block,
+// the last block ends at the row's end and overlaps the one before, whose
+// overlapped units it writes again with the same bytes (source and
+// destination never overlap).  A row shorter than a block is left to the
+// scalar loop.  Returns the start of the block after the one at `at`, or
+// `count` when the row is done.
+inline int32_t NextBlock(int32_t at, int32_t count, int32_t block) {
+    const int32_t next = at + block;
+    if (next >= count) return count;
+    return next <= count - block ? next : count - block;
+}
 
 #if PIXMOOR_HAVE_X86_TARGETS
 

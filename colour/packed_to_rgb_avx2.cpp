@@ -106,10 +106,10 @@ PIXMOOR_TARGET_AVX2 inline void StoreSixteen(const PixelWords& p, uint8_t* out) 
 template <bool LumaHigh, RgbStoreKind Kind>
 struct ConvertRow {
     PIXMOOR_TARGET_AVX2 static int32_t Run(const uint8_t* src, uint8_t* out, int32_t pairs) {
-        int32_t done = 0;
-        for (; pairs - done >= 8; done += 8)
+        if (pairs < 8) return 0;
+        for (int32_t done = 0; done < pairs; done = NextBlock(done, pairs, 8))
             StoreSixteen<Kind>(ConvertEightPairs<LumaHigh>(src + 4 * done), out + 2 * BytesPerPixel(Kind) * done);
-        return done;
+        return pairs;
     }
 };
 

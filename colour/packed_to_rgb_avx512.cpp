@@ -97,10 +97,10 @@ PIXMOOR_TARGET_AVX512 inline void StoreThirtyTwo(const PixelWords& p, uint8_t* o
 template <bool LumaHigh, RgbStoreKind Kind>
 struct ConvertRow {
     PIXMOOR_TARGET_AVX512 static int32_t Run(const uint8_t* src, uint8_t* out, int32_t pairs) {
-        int32_t done = 0;
-        for (; pairs - done >= 16; done += 16)
+        if (pairs < 16) return 0;
+        for (int32_t done = 0; done < pairs; done = NextBlock(done, pairs, 16))
             StoreThirtyTwo<Kind>(ConvertSixteenPairs<LumaHigh>(src + 4 * done), out + 2 * BytesPerPixel(Kind) * done);
-        return done;
+        return pairs;
     }
 };
 

@@ -39,8 +39,8 @@ PIXMOOR_TARGET_AVX2 inline __m256i Pack555(__m256i p) {
 
 PIXMOOR_TARGET_AVX2 int32_t ExpandRow(const uint8_t* src, uint8_t* out, int32_t pixels) {
     const __m128i spread = _mm_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
-    int32_t done = 0;
-    for (; pixels - done >= 16; done += 16) {
+    if (pixels < 16) return 0;
+    for (int32_t done = 0; done < pixels; done = NextBlock(done, pixels, 16)) {
         const __m128i* in = reinterpret_cast<const __m128i*>(src + 3 * done);
         __m128i* to = reinterpret_cast<__m128i*>(out + 4 * done);
         const __m128i a = _mm_loadu_si128(in), b = _mm_loadu_si128(in + 1), c = _mm_loadu_si128(in + 2);
@@ -49,7 +49,7 @@ PIXMOOR_TARGET_AVX2 int32_t ExpandRow(const uint8_t* src, uint8_t* out, int32_t 
         _mm_storeu_si128(to + 2, _mm_shuffle_epi8(_mm_alignr_epi8(c, b, 8), spread));
         _mm_storeu_si128(to + 3, _mm_shuffle_epi8(_mm_srli_si128(c, 4), spread));
     }
-    return done;
+    return pixels;
 }
 
 template <RgbStoreKind Kind>
@@ -59,8 +59,8 @@ PIXMOOR_TARGET_AVX2 int32_t PackRow(const uint8_t* src, uint8_t* out, int32_t pi
                                             0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
     const __m256i spreadLast = _mm256_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1,  //
                                                 4, 5, 6, -1, 7, 8, 9, -1, 10, 11, 12, -1, 13, 14, 15, -1);
-    int32_t done = 0;
-    for (; pixels - done >= 16; done += 16) {
+    if (pixels < 16) return 0;
+    for (int32_t done = 0; done < pixels; done = NextBlock(done, pixels, 16)) {
         const uint8_t* in = src + 3 * done;
         const __m256i front = _mm256_shuffle_epi8(LoadTwo(in, in + 12), spread);      // pixels 0-7
         const __m256i back = _mm256_shuffle_epi8(LoadTwo(in + 24, in + 32), spreadLast);  // pixels 8-15
@@ -69,7 +69,7 @@ PIXMOOR_TARGET_AVX2 int32_t PackRow(const uint8_t* src, uint8_t* out, int32_t pi
         // The pack works lane by lane: put the four groups back in order.
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(out + 2 * done), _mm256_permute4x64_epi64(words, 0xD8));
     }
-    return done;
+    return pixels;
 }
 
 }  // namespace

@@ -34,8 +34,8 @@ PIXMOOR_TARGET_AVX2 inline __m256i FloorAverage(__m256i a, __m256i b) {
 template <bool LumaHigh>
 PIXMOOR_TARGET_AVX2 int32_t SplitRowPair(const uint8_t* upper, const uint8_t* lower, uint8_t* yUpper,
                                          uint8_t* yLower, uint8_t* uOut, uint8_t* vOut, int32_t pairs) {
-    int32_t done = 0;
-    for (; pairs - done >= 16; done += 16) {
+    if (pairs < 16) return 0;
+    for (int32_t done = 0; done < pairs; done = NextBlock(done, pairs, 16)) {
         const __m256i a0 = Load(upper + 4 * done), a1 = Load(upper + 4 * done + 32);
         const __m256i b0 = Load(lower + 4 * done), b1 = Load(lower + 4 * done + 32);
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(yUpper + 2 * done),
@@ -49,7 +49,7 @@ PIXMOOR_TARGET_AVX2 int32_t SplitRowPair(const uint8_t* upper, const uint8_t* lo
         _mm_storeu_si128(reinterpret_cast<__m128i*>(uOut + done), _mm256_castsi256_si128(apart));
         _mm_storeu_si128(reinterpret_cast<__m128i*>(vOut + done), _mm256_extracti128_si256(apart, 1));
     }
-    return done;
+    return pairs;
 }
 
 }  // namespace

@@ -27,8 +27,8 @@ PIXMOOR_TARGET_AVX512 inline __m512i FloorAverage(__m512i a, __m512i b) {
 template <bool LumaHigh>
 PIXMOOR_TARGET_AVX512 int32_t SplitRowPair(const uint8_t* upper, const uint8_t* lower, uint8_t* yUpper,
                                            uint8_t* yLower, uint8_t* uOut, uint8_t* vOut, int32_t pairs) {
-    int32_t done = 0;
-    for (; pairs - done >= 32; done += 32) {
+    if (pairs < 32) return 0;
+    for (int32_t done = 0; done < pairs; done = NextBlock(done, pairs, 32)) {
         const __m512i a0 = _mm512_loadu_si512(upper + 4 * done), a1 = _mm512_loadu_si512(upper + 4 * done + 64);
         const __m512i b0 = _mm512_loadu_si512(lower + 4 * done), b1 = _mm512_loadu_si512(lower + 4 * done + 64);
         _mm512_storeu_si512(yUpper + 2 * done, PackInOrder(ByteOfWords<LumaHigh>(a0), ByteOfWords<LumaHigh>(a1)));
@@ -39,7 +39,7 @@ PIXMOOR_TARGET_AVX512 int32_t SplitRowPair(const uint8_t* upper, const uint8_t* 
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(uOut + done), _mm512_castsi512_si256(apart));
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(vOut + done), _mm512_extracti64x4_epi64(apart, 1));
     }
-    return done;
+    return pairs;
 }
 
 }  // namespace
