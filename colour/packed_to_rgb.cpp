@@ -10,10 +10,17 @@ namespace pixmoor {
 template <class Layout, class Store, bool HonoursOrientation>
 void PackedToRgbRoutine(const CColorXForm* xform, const uint8_t* src, uint8_t* dst, uint32_t destPitch) {
     const auto* t = static_cast<const CColorXFormToRGB<Store::kDestFCC>*>(xform);
-    const int32_t height = t->size.cy;
-    const int32_t pairs = t->size.cx >> 1;
+    int32_t height = t->size.cy;
+    int32_t pairs = t->size.cx >> 1;
     const RowPlacement rows =
         PlaceRows(dst, destPitch, t->destLineSize, height, HonoursOrientation && t->Flips());
+    // Source rows are contiguous; with no gap between the written rows
+    // either, the picture is one long row: the same stores in the same
+    // order, one vector call a picture.
+    if (rows.gap == 0 && pairs > 0 && height > 1 && int64_t{pairs} * height <= INT32_MAX) {
+        pairs *= height;
+        height = 1;
+    }
     uint8_t* out = rows.start;
     // Whole vector blocks first, where the processor has them; the pairs
     // left over go through the scalar arithmetic below.

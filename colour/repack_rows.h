@@ -19,6 +19,12 @@ namespace pixmoor {
 // vector blocks of a row go first where the processor has them.
 template <class Store>
 void RepackBgrRows(const uint8_t* src, uint8_t* out, int32_t width, int32_t height, int32_t gap) {
+    // Rows that follow one another without a gap are one long row to these
+    // loops: the same stores in the same order, one vector call a picture.
+    if (gap == 0 && width > 0 && height > 1 && int64_t{width} * height <= INT32_MAX) {
+        width *= height;
+        height = 1;
+    }
     const int32_t rowPixels = width > 1 ? width : 1;
     const RepackRowKernel fast = FastRepackRow(Store::kKind);
     int32_t rowsLeft = height;
