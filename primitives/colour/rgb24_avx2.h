@@ -1,0 +1,123 @@
+// Packed RGB (3 bytes a pixel) in and out of 256-bit registers, for the
+// AVX2 row kernels.  Only units whose functions carry PIXMOOR_TARGET_AVX2
+// include this header; every function here carries it too.
+#ifndef PIXMOOR_PRIMITIVES_COLOUR_RGB24_AVX2_H
+#define PIXMOOR_PRIMITIVES_COLOUR_RGB24_AVX2_H
+
+#include "runtime/isa.h"
+
+#if PIXMOOR_HAVE_X86_TARGETS
+
+#include <immintrin.h>
+
+#include <cstdint>
+
+namespace pixmoor::colour::avx2 {
+
+// Byte shuffles that spread 16 R (G, B) bytes of a 128-bit lane over the 48
+// bytes of 16 packed pixels: output register m, byte i is output byte
+// k = 16 m + i, which is channel k % 3 of pixel k / 3.  -128 clears a byte.
+struct InterleaveMasks {
+    int8_t bytes[3][3][16];  // [channel][output register][byte]
+};
+
+constexpr InterleaveMasks MakeInterleaveMasks() {
+    InterleaveMasks t{};
+    for (int c = 0; c < 3; ++c)
+        for (int m = 0; m < 3; ++m)
+            for (int i = 0; i < 16; ++i) {
+                const int k = 16 * m + i;
+                t.bytes[c][m][i] = static_cast<int8_t>(k % 3 == c ? k / 3 : -128);
+            }
+    return t;
+}
+
+inline constexpr InterleaveMasks kInterleave = MakeInterleaveMasks();
+
+PIXMOOR_TARGET_AVX2 inline __m256i Mask(const int8_t (&m)[16]) {
+    return _mm256_broadcastsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(m)));
+}
+
+// One output register of the interleave: the three channels' shares of it.
+PIXMOOR_TARGET_AVX2 inline __m256i InterleavePart(__m256i r, __m256i g, __m256i b, int m) {
+    return _mm256_or_si256(
+        _mm256_or_si256(_mm256_shuffle_epi8(r, Mask(kInterleave.bytes[0][m])),
+                        _mm256_shuffle_epi8(g, Mask(kInterleave.bytes[1][m]))),
+        _mm256_shuffle_epi8(b, Mask(kInterleave.bytes[2][m])));
+}
+
+PIXMOOR_TARGET_AVX2 inline void Store32(uint8_t* p, __m256i v) {
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v);
+}
+
+// Writes 32 pixels (96 bytes) from their R, G, B bytes in pixel order.
+PIXMOOR_TARGET_AVX2 inline void StoreRgb32(uint8_t* p, __m256i r, __m256i g, __m256i b) {
+    // Each lane makes the 48 bytes of its own 16 pixels.
+    const __m256i o0 = InterleavePart(r, g, b, 0);
+    const __m256i o1 = InterleavePart(r, g, b, 1);
+    const __m256i o2 = InterleavePart(r, g, b, 2);
+    Store32(p, _mm256_permute2x128_si256(o0, o1, 0x20));
+    Store32(p + 32, _mm256_permute2x128_si256(o2, o0, 0x30));
+    Store32(p + 64, _mm256_permute2x128_si256(o1, o2, 0x31));
+}
+
+// Two 16-byte loads into the lanes of one register.
+PIXMOOR_TARGET_AVX2 inline __m256i LoadLanes(const uint8_t* low, const uint8_t* high) {
+    return _mm256_inserti128_si256(
+        _mm256_castsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(low))),
+        _mm_loadu_si128(reinterpret_cast<const __m128i*>(high)), 1);
+}
+
+// Byte shuffles that take 4 packed pixels starting at byte `offset` of a
+// lane to one 32-bit lane each: (R, B) as 16-bit halves, or (G, G).
+struct SpreadMasks {
+    int8_t rb[2][16];  // [offset 0 or 4][byte]
+    int8_t gg[2][16];
+};
+
+constexpr SpreadMasks MakeSpreadMasks() {
+    SpreadMasks t{};
+    for (int o = 0; o < 2; ++o)
+        for (int k = 0; k < 4; ++k) {
+            const int at = 4 * o + 3 * k;
+            const int8_t rb[4] = {static_cast<int8_t>(at), -128, static_cast<int8_t>(at + 2), -128};
+            const int8_t gg[4] = {static_cast<int8_t>(at + 1), -128, static_cast<int8_t>(at + 1), -128};
+            for (int i = 0; i < 4; ++i) {
+                t.rb[o][4 * k + i] = rb[i];
+                t.gg[o][4 * k + i] = gg[i];
+            }
+        }
+    return t;
+}
+
+inline constexpr SpreadMasks kSpread = MakeSpreadMasks();
+
+PIXMOOR_TARGET_AVX2 inline __m256i LaneMasks(const int8_t (&low)[16], const int8_t (&high)[16]) {
+    return _mm256_inserti128_si256(
+        _mm256_castsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(low))),
+        _mm_loadu_si128(reinterpret_cast<const __m128i*>(high)), 1);
+}
+
+// Eight packed pixels, one per 32-bit lane, in pixel order by lane: R in the
+// low and B in the high 16 bits, and G in both halves.
+struct RbGg {
+    __m256i rb, gg;
+};
+
+// Pixels 0 to 7 and 8 to 15 of the 48 bytes at p; reads no byte past them.
+PIXMOOR_TARGET_AVX2 inline void LoadRgb16(const uint8_t* p, RbGg& first, RbGg& second) {
+    const __m256i rb0 = LaneMasks(kSpread.rb[0], kSpread.rb[0]);
+    const __m256i gg0 = LaneMasks(kSpread.gg[0], kSpread.gg[0]);
+    const __m256i rb4 = LaneMasks(kSpread.rb[0], kSpread.rb[1]);
+    const __m256i gg4 = LaneMasks(kSpread.gg[0], kSpread.gg[1]);
+    const __m256i a = LoadLanes(p, p + 12);       // pixels 0-3 | 4-7
+    const __m256i b = LoadLanes(p + 24, p + 32);  // pixels 8-11 | (4 bytes on) 12-15
+    first = RbGg{_mm256_shuffle_epi8(a, rb0), _mm256_shuffle_epi8(a, gg0)};
+    second = RbGg{_mm256_shuffle_epi8(b, rb4), _mm256_shuffle_epi8(b, gg4)};
+}
+
+}  // namespace pixmoor::colour::avx2
+
+#endif  // PIXMOOR_HAVE_X86_TARGETS
+
+#endif

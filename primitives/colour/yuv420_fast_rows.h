@@ -1,0 +1,28 @@
+// Wider-vector forms of the 4:2:0 row kernels with packed RGB, each giving
+// exactly the bytes of its tier's own kernel.  Each does the leading pixel
+// pairs of a line pair in whole steps and returns how many it did; the
+// tier's own kernel does the rest.  Callers pick one only when
+// isa::Has(...) allows its instruction set, once a row.
+#ifndef PIXMOOR_PRIMITIVES_COLOUR_YUV420_FAST_ROWS_H
+#define PIXMOOR_PRIMITIVES_COLOUR_YUV420_FAST_ROWS_H
+
+#include <cstdint>
+
+#include "primitives/colour/image_layouts.h"
+#include "runtime/isa.h"
+
+namespace pixmoor::colour::fast {
+
+#if PIXMOOR_HAVE_X86_TARGETS
+
+// The wide arithmetic of px and m6 (the clamp is the unsigned saturation).
+int32_t WideFromYuv420Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
+                           int32_t pairs);
+int32_t WideToYuv420Avx2(const uint8_t* top, const uint8_t* bottom, const Yuv420Lines<uint8_t>& out,
+                         int32_t pairs);
+
+#endif
+
+}  // namespace pixmoor::colour::fast
+
+#endif

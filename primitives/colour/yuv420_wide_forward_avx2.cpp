@@ -1,0 +1,102 @@
+// The px and m6 forward 4:2:0 row kernel from packed RGB with AVX2: 8 pixel
+// pairs (16 pixels of each line) a step in 32-bit lanes, the same integer
+// arithmetic as the plain kernel and so the same bytes.
+//
+// A pixel's luma F = 19595 R + 38470 G + 7471 B is two multiply-adds on
+// 16-bit halves: (R, B) against (19595, 7471) and (G, G) against
+// (19235, 19235).  The 2 by 2 block sums come from a horizontal add of the
+// two lines' sums, whose lane order one permute puts right.
+#include "primitives/colour/yuv420_fast_rows.h"
+
+#if PIXMOOR_HAVE_X86_TARGETS
+
+#include <immintrin.h>
+
+#include "primitives/colour/rgb24_avx2.h"
+#include "primitives/colour/wide_arith.h"
+
+namespace pixmoor::colour::fast {
+namespace {
+
+static_assert(wide::kWeightG % 2 == 0, "G weight splits into two equal halves");
+
+// Lane order after a horizontal add of two 4 + 4 lane registers is
+// 0 1 4 5 | 2 3 6 7 in 64-bit units of two; this puts it back.
+constexpr int kUnitOrder = 0xD8;
+
+struct Sums {
+    __m256i luma, r, b;  // one 32-bit lane a pixel (or block)
+};
+
+PIXMOOR_TARGET_AVX2 __m256i Luma(const avx2::RbGg& p) {
+    const __m256i wRB = _mm256_set1_epi32((wide::kWeightB << 16) | wide::kWeightR);
+    const __m256i wGG = _mm256_set1_epi32(((wide::kWeightG / 2) << 16) | (wide::kWeightG / 2));
+    return _mm256_add_epi32(_mm256_madd_epi16(p.rb, wRB), _mm256_madd_epi16(p.gg, wGG));
+}
+
+// Four pixels' sums (two of a line above two of the next) in block order.
+PIXMOOR_TARGET_AVX2 __m256i BlockSum(__m256i topFirst, __m256i bottomFirst, __m256i topSecond,
+                                     __m256i bottomSecond) {
+    return _mm256_permute4x64_epi64(_mm256_hadd_epi32(_mm256_add_epi32(topFirst, bottomFirst),
+                                                      _mm256_add_epi32(topSecond, bottomSecond)),
+                                    kUnitOrder);
+}
+
+// Y bytes of 16 pixels from their lumas.
+PIXMOOR_TARGET_AVX2 __m128i LumaBytes(__m256i first, __m256i second) {
+    const __m256i y16 = _mm256_permute4x64_epi64(
+        _mm256_packs_epi32(_mm256_srai_epi32(first, 16), _mm256_srai_epi32(second, 16)), kUnitOrder);
+    return _mm_packus_epi16(_mm256_castsi256_si128(y16), _mm256_extracti128_si256(y16, 1));
+}
+
+PIXMOOR_TARGET_AVX2 __m256i Difference(__m256i channelSum, __m256i lumaSum) {
+    return _mm256_srai_epi32(
+        _mm256_add_epi32(_mm256_sub_epi32(_mm256_slli_epi32(channelSum, 16), lumaSum),
+                         _mm256_set1_epi32(wide::kBlockBias)),
+        16);
+}
+
+}  // namespace
+
+PIXMOOR_TARGET_AVX2 int32_t WideToYuv420Avx2(const uint8_t* top, const uint8_t* bottom,
+                                             const Yuv420Lines<uint8_t>& out, int32_t pairs) {
+    const __m256i low16 = _mm256_set1_epi32(0xFFFF);
+    const __m256i c128 = _mm256_set1_epi32(128);
+    const __m256i byteMask = _mm256_set1_epi32(0xFF);
+    const int32_t whole = pairs & ~7;
+    for (int32_t j = 0; j < whole; j += 8) {
+        const intptr_t at = 6 * static_cast<intptr_t>(j);
+        avx2::RbGg t0, t1, b0, b1;
+        avx2::LoadRgb16(top + at, t0, t1);
+        avx2::LoadRgb16(bottom + at, b0, b1);
+        const __m256i ft0 = Luma(t0), ft1 = Luma(t1), fb0 = Luma(b0), fb1 = Luma(b1);
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.y0 + 2 * j), LumaBytes(ft0, ft1));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.y1 + 2 * j), LumaBytes(fb0, fb1));
+
+        const __m256i luma = BlockSum(ft0, fb0, ft1, fb1);
+        const __m256i sumR = BlockSum(_mm256_and_si256(t0.rb, low16), _mm256_and_si256(b0.rb, low16),
+                                      _mm256_and_si256(t1.rb, low16), _mm256_and_si256(b1.rb, low16));
+        const __m256i sumB = BlockSum(_mm256_srli_epi32(t0.rb, 16), _mm256_srli_epi32(b0.rb, 16),
+                                      _mm256_srli_epi32(t1.rb, 16), _mm256_srli_epi32(b1.rb, 16));
+        // U is kept as the byte it is (no clamp), V is clamped.
+        const __m256i u = _mm256_and_si256(
+            _mm256_add_epi32(_mm256_srai_epi32(_mm256_mullo_epi32(Difference(sumB, luma),
+                                                                  _mm256_set1_epi32(wide::kFactorU)),
+                                               18),
+                             c128),
+            byteMask);
+        const __m256i v = _mm256_add_epi32(
+            _mm256_srai_epi32(_mm256_mullo_epi32(Difference(sumR, luma), _mm256_set1_epi32(wide::kFactorV)),
+                              18),
+            c128);
+        const __m256i uv16 = _mm256_permute4x64_epi64(_mm256_packs_epi32(u, v), kUnitOrder);
+        const __m128i uv = _mm_packus_epi16(_mm256_castsi256_si128(uv16), _mm256_extracti128_si256(uv16, 1));
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(out.u + j), uv);
+        _mm_storeh_pd(reinterpret_cast<double*>(out.v + j), _mm_castsi128_pd(uv));
+    }
+    return whole;
+}
+
+}  // namespace pixmoor::colour::fast
+
+#endif  // PIXMOOR_HAVE_X86_TARGETS
