@@ -1,0 +1,24 @@
+// Wider-vector forms of the 4:4:4 row kernels, each giving exactly the
+// bytes of its tier's own kernel.  Each does the leading pixels of a line
+// in whole steps and returns how many it did; the tier's own kernel does
+// the rest.  Callers pick one only when isa::Has(...) allows its
+// instruction set, once a row.
+#ifndef PIXMOOR_PRIMITIVES_COLOUR_YUV444_FAST_ROWS_H
+#define PIXMOOR_PRIMITIVES_COLOUR_YUV444_FAST_ROWS_H
+
+#include <cstdint>
+
+#include "runtime/isa.h"
+
+namespace pixmoor::colour::fast {
+
+#if PIXMOOR_HAVE_X86_TARGETS
+
+// ImgYUVAToRGBA, the wide arithmetic of px and m6; byte 3 kept.
+int32_t WideYuvaToRgbaAvx2(const uint8_t* in, uint8_t* out, int32_t count);
+
+#endif
+
+}  // namespace pixmoor::colour::fast
+
+#endif
