@@ -98,22 +98,25 @@ PIXMOOR_TARGET_AVX2 inline __m256i LaneMasks(const int8_t (&low)[16], const int8
         _mm_loadu_si128(reinterpret_cast<const __m128i*>(high)), 1);
 }
 
-// Eight packed pixels, one per 32-bit lane, in pixel order by lane: R in the
-// low and B in the high 16 bits, and G in both halves.
+// Eight packed pixels, one per 32-bit lane: R in the low and B in the high
+// 16 bits, and G in both halves.
 struct RbGg {
     __m256i rb, gg;
 };
 
-// Pixels 0 to 7 and 8 to 15 of the 48 bytes at p; reads no byte past them.
-PIXMOOR_TARGET_AVX2 inline void LoadRgb16(const uint8_t* p, RbGg& first, RbGg& second) {
+// The 16 pixels of the 48 bytes at p, reading no byte past them: `even`
+// holds pixels 0-3 and 8-11 in its two lanes, `odd` pixels 4-7 and 12-15.
+// That order lets lane-wise packs and horizontal adds of the two come out
+// in pixel order.
+PIXMOOR_TARGET_AVX2 inline void LoadRgb16(const uint8_t* p, RbGg& even, RbGg& odd) {
     const __m256i rb0 = LaneMasks(kSpread.rb[0], kSpread.rb[0]);
     const __m256i gg0 = LaneMasks(kSpread.gg[0], kSpread.gg[0]);
     const __m256i rb4 = LaneMasks(kSpread.rb[0], kSpread.rb[1]);
     const __m256i gg4 = LaneMasks(kSpread.gg[0], kSpread.gg[1]);
-    const __m256i a = LoadLanes(p, p + 12);       // pixels 0-3 | 4-7
-    const __m256i b = LoadLanes(p + 24, p + 32);  // pixels 8-11 | (4 bytes on) 12-15
-    first = RbGg{_mm256_shuffle_epi8(a, rb0), _mm256_shuffle_epi8(a, gg0)};
-    second = RbGg{_mm256_shuffle_epi8(b, rb4), _mm256_shuffle_epi8(b, gg4)};
+    const __m256i a = LoadLanes(p, p + 24);       // pixels 0-3 | 8-11
+    const __m256i b = LoadLanes(p + 12, p + 32);  // pixels 4-7 | (4 bytes on) 12-15
+    even = RbGg{_mm256_shuffle_epi8(a, rb0), _mm256_shuffle_epi8(a, gg0)};
+    odd = RbGg{_mm256_shuffle_epi8(b, rb4), _mm256_shuffle_epi8(b, gg4)};
 }
 
 }  // namespace pixmoor::colour::avx2

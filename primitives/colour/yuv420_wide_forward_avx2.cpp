@@ -20,32 +20,22 @@ namespace {
 
 static_assert(wide::kWeightG % 2 == 0, "G weight splits into two equal halves");
 
-// Lane order after a horizontal add of two 4 + 4 lane registers is
-// 0 1 4 5 | 2 3 6 7 in 64-bit units of two; this puts it back.
-constexpr int kUnitOrder = 0xD8;
-
-struct Sums {
-    __m256i luma, r, b;  // one 32-bit lane a pixel (or block)
-};
-
 PIXMOOR_TARGET_AVX2 __m256i Luma(const avx2::RbGg& p) {
     const __m256i wRB = _mm256_set1_epi32((wide::kWeightB << 16) | wide::kWeightR);
     const __m256i wGG = _mm256_set1_epi32(((wide::kWeightG / 2) << 16) | (wide::kWeightG / 2));
     return _mm256_add_epi32(_mm256_madd_epi16(p.rb, wRB), _mm256_madd_epi16(p.gg, wGG));
 }
 
-// Four pixels' sums (two of a line above two of the next) in block order.
-PIXMOOR_TARGET_AVX2 __m256i BlockSum(__m256i topFirst, __m256i bottomFirst, __m256i topSecond,
-                                     __m256i bottomSecond) {
-    return _mm256_permute4x64_epi64(_mm256_hadd_epi32(_mm256_add_epi32(topFirst, bottomFirst),
-                                                      _mm256_add_epi32(topSecond, bottomSecond)),
-                                    kUnitOrder);
+// The sums over the 8 blocks of 16 pixels of two lines, in block order (the
+// even/odd lane order of LoadRgb16 makes the horizontal add come out so).
+PIXMOOR_TARGET_AVX2 __m256i BlockSum(__m256i topEven, __m256i bottomEven, __m256i topOdd,
+                                     __m256i bottomOdd) {
+    return _mm256_hadd_epi32(_mm256_add_epi32(topEven, bottomEven), _mm256_add_epi32(topOdd, bottomOdd));
 }
 
 // Y bytes of 16 pixels from their lumas.
-PIXMOOR_TARGET_AVX2 __m128i LumaBytes(__m256i first, __m256i second) {
-    const __m256i y16 = _mm256_permute4x64_epi64(
-        _mm256_packs_epi32(_mm256_srai_epi32(first, 16), _mm256_srai_epi32(second, 16)), kUnitOrder);
+PIXMOOR_TARGET_AVX2 __m128i LumaBytes(__m256i even, __m256i odd) {
+    const __m256i y16 = _mm256_packs_epi32(_mm256_srai_epi32(even, 16), _mm256_srai_epi32(odd, 16));
     return _mm_packus_epi16(_mm256_castsi256_si128(y16), _mm256_extracti128_si256(y16, 1));
 }
 
@@ -74,10 +64,11 @@ PIXMOOR_TARGET_AVX2 int32_t WideToYuv420Avx2(const uint8_t* top, const uint8_t* 
         _mm_storeu_si128(reinterpret_cast<__m128i*>(out.y1 + 2 * j), LumaBytes(fb0, fb1));
 
         const __m256i luma = BlockSum(ft0, fb0, ft1, fb1);
-        const __m256i sumR = BlockSum(_mm256_and_si256(t0.rb, low16), _mm256_and_si256(b0.rb, low16),
-                                      _mm256_and_si256(t1.rb, low16), _mm256_and_si256(b1.rb, low16));
-        const __m256i sumB = BlockSum(_mm256_srli_epi32(t0.rb, 16), _mm256_srli_epi32(b0.rb, 16),
-                                      _mm256_srli_epi32(t1.rb, 16), _mm256_srli_epi32(b1.rb, 16));
+        // R and B sums side by side: a block's R sum stays below 1024, so
+        // it never carries into the B half of its 32-bit lane.
+        const __m256i rb = BlockSum(t0.rb, b0.rb, t1.rb, b1.rb);
+        const __m256i sumR = _mm256_and_si256(rb, low16);
+        const __m256i sumB = _mm256_srli_epi32(rb, 16);
         // U is kept as the byte it is (no clamp), V is clamped.
         const __m256i u = _mm256_and_si256(
             _mm256_add_epi32(_mm256_srai_epi32(_mm256_mullo_epi32(Difference(sumB, luma),
@@ -89,8 +80,9 @@ PIXMOOR_TARGET_AVX2 int32_t WideToYuv420Avx2(const uint8_t* top, const uint8_t* 
             _mm256_srai_epi32(_mm256_mullo_epi32(Difference(sumR, luma), _mm256_set1_epi32(wide::kFactorV)),
                               18),
             c128);
-        const __m256i uv16 = _mm256_permute4x64_epi64(_mm256_packs_epi32(u, v), kUnitOrder);
-        const __m128i uv = _mm_packus_epi16(_mm256_castsi256_si128(uv16), _mm256_extracti128_si256(uv16, 1));
+        // U bytes of blocks 0-3 and V of 0-3 in the low lane, 4-7 in the high.
+        const __m256i uv8 = _mm256_packus_epi16(_mm256_packs_epi32(u, v), _mm256_setzero_si256());
+        const __m128i uv = _mm_unpacklo_epi32(_mm256_castsi256_si128(uv8), _mm256_extracti128_si256(uv8, 1));
         _mm_storel_epi64(reinterpret_cast<__m128i*>(out.u + j), uv);
         _mm_storeh_pd(reinterpret_cast<double*>(out.v + j), _mm_castsi128_pd(uv));
     }
