@@ -20,6 +20,8 @@ int32_t WideFromYuv420Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top, u
                            int32_t pairs);
 int32_t WideToYuv420Avx2(const uint8_t* top, const uint8_t* bottom, const Yuv420Lines<uint8_t>& out,
                          int32_t pairs);
+int32_t WideToYuv420Avx512(const uint8_t* top, const uint8_t* bottom, const Yuv420Lines<uint8_t>& out,
+                           int32_t pairs);
 
 #endif
 

@@ -21,8 +21,10 @@ template <class In>
 int32_t FastToYuv420(typename In::Line top, typename In::Line bottom, const Yuv420Lines<uint8_t>& out,
                      int32_t pairs) {
 #if PIXMOOR_HAVE_X86_TARGETS
-    if constexpr (std::is_same_v<In, PackedRgbIn>)
+    if constexpr (std::is_same_v<In, PackedRgbIn>) {
+        if (isa::Has(isa::kAvx512)) return fast::WideToYuv420Avx512(top, bottom, out, pairs);
         if (isa::Has(isa::kAvx2)) return fast::WideToYuv420Avx2(top, bottom, out, pairs);
+    }
 #endif
     (void)top, (void)bottom, (void)out, (void)pairs;
     return 0;
