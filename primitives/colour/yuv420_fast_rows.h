@@ -23,6 +23,12 @@ int32_t WideToYuv420Avx2(const uint8_t* top, const uint8_t* bottom, const Yuv420
 int32_t WideToYuv420Avx512(const uint8_t* top, const uint8_t* bottom, const Yuv420Lines<uint8_t>& out,
                            int32_t pairs);
 
+// The narrow arithmetic of a6 and w7: `lanes` are the factor rows of a
+// main-loop step (R from v', R from u', G from u', G from v', B from u'),
+// one lane per pixel position in a group of eight.
+int32_t NarrowFromYuv420Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
+                             int32_t pairs, const int16_t (&lanes)[5][8]);
+
 #endif
 
 }  // namespace pixmoor::colour::fast

@@ -11,7 +11,11 @@
 #include "primitives/colour/narrow_arith.h"
 #include "primitives/colour/narrow_sse2.h"
 #include "primitives/colour/tier_finish.h"
+#include "primitives/colour/yuv420_fast_rows.h"
 #include "primitives/colour/yuv420_rows.h"
+#include "runtime/isa.h"
+
+#include <type_traits>
 
 namespace pixmoor::colour {
 namespace {
@@ -70,8 +74,28 @@ void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
     narrow::ToYuv420Pairs<In, NarrowLuma>(top, bottom, out, j, pairs);
 }
 
-// The w7 inverse factors.
+// The w7 inverse factors, and the same as lanes of a wider main-loop step.
 constexpr narrow::InverseFactors kInverse = {9338, 0, -3227, -4759, 16645};
+alignas(16) const int16_t kInverseLanes[5][8] = {
+    {9338, 9338, 9338, 9338, 9338, 9338, 9338, 9338},
+    {0, 0, 0, 0, 0, 0, 0, 0},
+    {-3227, -3227, -3227, -3227, -3227, -3227, -3227, -3227},
+    {-4759, -4759, -4759, -4759, -4759, -4759, -4759, -4759},
+    {16645, 16645, 16645, 16645, 16645, 16645, 16645, 16645},
+};
+
+// The leading pairs of the main loop done with wider vectors, where the
+// processor has them (packed RGB only).
+template <class Out>
+int32_t FastPairs(const Yuv420Lines<const uint8_t>& in, typename Out::Line top, typename Out::Line bottom,
+                  int32_t mainPairs) {
+#if PIXMOOR_HAVE_X86_TARGETS
+    if constexpr (std::is_same_v<Out, PackedRgbOut>)
+        if (isa::Has(isa::kAvx2)) return fast::NarrowFromYuv420Avx2(in, top, bottom, mainPairs, kInverseLanes);
+#endif
+    (void)in, (void)top, (void)bottom, (void)mainPairs;
+    return 0;
+}
 
 void StorePixels(PackedRgbOut::Line line, int32_t x, RgbBytes c) {
     Interleave(c.r, c.g, c.b);
@@ -99,7 +123,7 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
     const InverseLanes factors = Uniform(kInverse);
     const __m128i z = _mm_setzero_si128();
     const int32_t mainPairs = pairs & ~15;
-    int32_t j = 0;
+    int32_t j = FastPairs<Out>(in, top, bottom, mainPairs);
     for (; j < mainPairs; j += 8) {
         const int32_t x = 2 * j;
         const __m128i du = Centred(_mm_unpacklo_epi8(Load8(in.u + j), z));
