@@ -119,6 +119,33 @@ PIXMOOR_TARGET_AVX2 inline void LoadRgb16(const uint8_t* p, RbGg& even, RbGg& od
     odd = RbGg{_mm256_shuffle_epi8(b, rb4), _mm256_shuffle_epi8(b, gg4)};
 }
 
+// The sums over the 8 blocks (2 by 2) of 16 pixels of two lines, from
+// 32-bit pixel lanes in the even/odd order of LoadRgb16: the horizontal add
+// comes out in block order.
+PIXMOOR_TARGET_AVX2 inline __m256i BlockSum(__m256i topEven, __m256i bottomEven, __m256i topOdd,
+                                            __m256i bottomOdd) {
+    return _mm256_hadd_epi32(_mm256_add_epi32(topEven, bottomEven), _mm256_add_epi32(topOdd, bottomOdd));
+}
+
+// Bytes of 16 pixels from 32-bit lanes in that even/odd order, each value
+// saturated to 0..255.
+PIXMOOR_TARGET_AVX2 inline __m128i PixelBytes(__m256i even, __m256i odd) {
+    const __m256i words = _mm256_packs_epi32(even, odd);
+    return _mm_packus_epi16(_mm256_castsi256_si128(words), _mm256_extracti128_si256(words, 1));
+}
+
+// U and V of 8 blocks from 16-bit lanes u0-3 v0-3 | u4-7 v4-7 (a packs of
+// 32-bit U and V lanes): the 8 U bytes, then the 8 V bytes, saturated.
+PIXMOOR_TARGET_AVX2 inline __m128i ChromaBytes(__m256i uvWords) {
+    const __m256i bytes = _mm256_packus_epi16(uvWords, _mm256_setzero_si256());
+    return _mm_unpacklo_epi32(_mm256_castsi256_si128(bytes), _mm256_extracti128_si256(bytes, 1));
+}
+
+PIXMOOR_TARGET_AVX2 inline void StoreChroma(uint8_t* u, uint8_t* v, __m128i uv) {
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(u), uv);
+    _mm_storeh_pd(reinterpret_cast<double*>(v), _mm_castsi128_pd(uv));
+}
+
 }  // namespace pixmoor::colour::avx2
 
 #endif  // PIXMOOR_HAVE_X86_TARGETS

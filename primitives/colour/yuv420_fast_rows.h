@@ -28,6 +28,9 @@ int32_t WideToYuv420Avx512(const uint8_t* top, const uint8_t* bottom, const Yuv4
 // one lane per pixel position in a group of eight.
 int32_t NarrowFromYuv420Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
                              int32_t pairs, const int16_t (&lanes)[5][8]);
+// The narrow forward arithmetic, the same in a6 and w7.
+int32_t NarrowToYuv420Avx2(const uint8_t* top, const uint8_t* bottom, const Yuv420Lines<uint8_t>& out,
+                           int32_t pairs);
 
 #endif
 

@@ -26,19 +26,6 @@ PIXMOOR_TARGET_AVX2 __m256i Luma(const avx2::RbGg& p) {
     return _mm256_add_epi32(_mm256_madd_epi16(p.rb, wRB), _mm256_madd_epi16(p.gg, wGG));
 }
 
-// The sums over the 8 blocks of 16 pixels of two lines, in block order (the
-// even/odd lane order of LoadRgb16 makes the horizontal add come out so).
-PIXMOOR_TARGET_AVX2 __m256i BlockSum(__m256i topEven, __m256i bottomEven, __m256i topOdd,
-                                     __m256i bottomOdd) {
-    return _mm256_hadd_epi32(_mm256_add_epi32(topEven, bottomEven), _mm256_add_epi32(topOdd, bottomOdd));
-}
-
-// Y bytes of 16 pixels from their lumas.
-PIXMOOR_TARGET_AVX2 __m128i LumaBytes(__m256i even, __m256i odd) {
-    const __m256i y16 = _mm256_packs_epi32(_mm256_srai_epi32(even, 16), _mm256_srai_epi32(odd, 16));
-    return _mm_packus_epi16(_mm256_castsi256_si128(y16), _mm256_extracti128_si256(y16, 1));
-}
-
 PIXMOOR_TARGET_AVX2 __m256i Difference(__m256i channelSum, __m256i lumaSum) {
     return _mm256_srai_epi32(
         _mm256_add_epi32(_mm256_sub_epi32(_mm256_slli_epi32(channelSum, 16), lumaSum),
@@ -60,13 +47,13 @@ PIXMOOR_TARGET_AVX2 int32_t WideToYuv420Avx2(const uint8_t* top, const uint8_t* 
         avx2::LoadRgb16(top + at, t0, t1);
         avx2::LoadRgb16(bottom + at, b0, b1);
         const __m256i ft0 = Luma(t0), ft1 = Luma(t1), fb0 = Luma(b0), fb1 = Luma(b1);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.y0 + 2 * j), LumaBytes(ft0, ft1));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.y1 + 2 * j), LumaBytes(fb0, fb1));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.y0 + 2 * j), avx2::PixelBytes(_mm256_srai_epi32(ft0, 16), _mm256_srai_epi32(ft1, 16)));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.y1 + 2 * j), avx2::PixelBytes(_mm256_srai_epi32(fb0, 16), _mm256_srai_epi32(fb1, 16)));
 
-        const __m256i luma = BlockSum(ft0, fb0, ft1, fb1);
+        const __m256i luma = avx2::BlockSum(ft0, fb0, ft1, fb1);
         // R and B sums side by side: a block's R sum stays below 1024, so
         // it never carries into the B half of its 32-bit lane.
-        const __m256i rb = BlockSum(t0.rb, b0.rb, t1.rb, b1.rb);
+        const __m256i rb = avx2::BlockSum(t0.rb, b0.rb, t1.rb, b1.rb);
         const __m256i sumR = _mm256_and_si256(rb, low16);
         const __m256i sumB = _mm256_srli_epi32(rb, 16);
         // U is kept as the byte it is (no clamp), V is clamped.
@@ -80,11 +67,7 @@ PIXMOOR_TARGET_AVX2 int32_t WideToYuv420Avx2(const uint8_t* top, const uint8_t* 
             _mm256_srai_epi32(_mm256_mullo_epi32(Difference(sumR, luma), _mm256_set1_epi32(wide::kFactorV)),
                               18),
             c128);
-        // U bytes of blocks 0-3 and V of 0-3 in the low lane, 4-7 in the high.
-        const __m256i uv8 = _mm256_packus_epi16(_mm256_packs_epi32(u, v), _mm256_setzero_si256());
-        const __m128i uv = _mm_unpacklo_epi32(_mm256_castsi256_si128(uv8), _mm256_extracti128_si256(uv8, 1));
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(out.u + j), uv);
-        _mm_storeh_pd(reinterpret_cast<double*>(out.v + j), _mm_castsi128_pd(uv));
+        avx2::StoreChroma(out.u + j, out.v + j, avx2::ChromaBytes(_mm256_packs_epi32(u, v)));
     }
     return whole;
 }
