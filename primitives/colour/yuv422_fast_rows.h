@@ -16,6 +16,8 @@ namespace pixmoor::colour::fast {
 
 // Packed 4:2:2 to packed RGB, the wide arithmetic of px and m6.
 int32_t WidePacked422ToRgbAvx2(const uint8_t* in, uint8_t* out, int32_t count);
+// Packed 4:2:2 to packed RGB, the narrow main-loop arithmetic of a6 and w7.
+int32_t NarrowPacked422ToRgbAvx2(const uint8_t* in, uint8_t* out, int32_t count);
 
 #endif
 
