@@ -16,6 +16,8 @@ namespace pixmoor::colour::fast {
 
 // ImgYUVAToRGBA, the wide arithmetic of px and m6; byte 3 kept.
 int32_t WideYuvaToRgbaAvx2(const uint8_t* in, uint8_t* out, int32_t count);
+// ImgYUVAToRGBA, the narrow arithmetic of a6 and w7; byte 3 kept.
+int32_t NarrowYuvaToRgbaAvx2(const uint8_t* in, uint8_t* out, int32_t count);
 
 #endif
 
