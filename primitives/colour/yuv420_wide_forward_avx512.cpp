@@ -28,10 +28,16 @@ struct Pixels {
     __m512i rb, gg;
 };
 
-PIXMOOR_TARGET_AVX512 Pixels Load16(const uint8_t* p) {
+// The 48 bytes at p in a register, by a plain 64-byte load where the 16
+// bytes after them may be read, or by a masked one.
+PIXMOOR_TARGET_AVX512 __m512i Load48(const uint8_t* p, bool mayReadOn) {
+    return mayReadOn ? _mm512_loadu_si512(p) : _mm512_maskz_loadu_epi8(0xFFFFFFFFFFFFull, p);
+}
+
+PIXMOOR_TARGET_AVX512 Pixels Spread(__m512i bytes48) {
     // Lane k gets the 12 bytes of pixels 4k to 4k+3 at its start.
     const __m512i toLanes = _mm512_setr_epi32(0, 1, 2, 3, 3, 4, 5, 6, 6, 7, 8, 9, 9, 10, 11, 11);
-    const __m512i bytes = _mm512_permutexvar_epi32(toLanes, _mm512_maskz_loadu_epi8(0xFFFFFFFFFFFFull, p));
+    const __m512i bytes = _mm512_permutexvar_epi32(toLanes, bytes48);
     const __m512i rb = _mm512_broadcast_i32x4(_mm_loadu_si128(reinterpret_cast<const __m128i*>(avx2::kSpread.rb[0])));
     const __m512i gg = _mm512_broadcast_i32x4(_mm_loadu_si128(reinterpret_cast<const __m128i*>(avx2::kSpread.gg[0])));
     return Pixels{_mm512_shuffle_epi8(bytes, rb), _mm512_shuffle_epi8(bytes, gg)};
@@ -86,14 +92,20 @@ PIXMOOR_TARGET_AVX512 __m512i Difference(__m512i channelSum16, __m512i lumaLessB
 PIXMOOR_TARGET_AVX512 int32_t WideToYuv420Avx512(const uint8_t* top, const uint8_t* bottom,
                                                  const Yuv420Lines<uint8_t>& out, int32_t pairs) {
     const __m512i c128 = _mm512_set1_epi32(128);
+    uint8_t* const y0 = out.y0;
+    uint8_t* const y1 = out.y1;
+    uint8_t* const uOut = out.u;
+    uint8_t* const vOut = out.v;
     const int32_t whole = pairs & ~15;
     for (int32_t j = 0; j < whole; j += 16) {
         const intptr_t at = 6 * static_cast<intptr_t>(j);
-        const Pixels t0 = Load16(top + at), t1 = Load16(top + at + 48);
-        const Pixels b0 = Load16(bottom + at), b1 = Load16(bottom + at + 48);
+        // Every step but the last has a next one, whose bytes may be read.
+        const bool more = j + 16 < whole;
+        const Pixels t0 = Spread(Load48(top + at, true)), t1 = Spread(Load48(top + at + 48, more));
+        const Pixels b0 = Spread(Load48(bottom + at, true)), b1 = Spread(Load48(bottom + at + 48, more));
         const __m512i ft0 = Luma(t0), ft1 = Luma(t1), fb0 = Luma(b0), fb1 = Luma(b1);
-        StoreLuma(out.y0 + 2 * j, ft0, ft1);
-        StoreLuma(out.y1 + 2 * j, fb0, fb1);
+        StoreLuma(y0 + 2 * j, ft0, ft1);
+        StoreLuma(y1 + 2 * j, fb0, fb1);
 
         const __m512i lumaLessBias = _mm512_sub_epi32(PairSums(_mm512_add_epi32(ft0, fb0), _mm512_add_epi32(ft1, fb1)),
                                                       _mm512_set1_epi32(wide::kBlockBias));
@@ -111,8 +123,8 @@ PIXMOOR_TARGET_AVX512 int32_t WideToYuv420Avx512(const uint8_t* top, const uint8
             c128);
         const __m512i vClamped = _mm512_min_epi32(_mm512_max_epi32(v, _mm512_setzero_si512()), _mm512_set1_epi32(255));
         const __m256i uv = FirstLanes(GatherByte(u, 0), GatherByte(vClamped, 0));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.u + j), _mm256_castsi256_si128(uv));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.v + j), _mm256_extracti128_si256(uv, 1));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(uOut + j), _mm256_castsi256_si128(uv));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(vOut + j), _mm256_extracti128_si256(uv, 1));
     }
     return whole;
 }
