@@ -119,6 +119,19 @@ PIXMOOR_TARGET_AVX2 inline void LoadRgb16(const uint8_t* p, RbGg& even, RbGg& od
     odd = RbGg{_mm256_shuffle_epi8(b, rb4), _mm256_shuffle_epi8(b, gg4)};
 }
 
+// 16 pixels of each of two lines: the 8 blocks (2 by 2) of one step of the
+// forward 4:2:0 kernels, each line in the even/odd order of LoadRgb16.
+struct TwoLines16 {
+    RbGg topEven, topOdd, bottomEven, bottomOdd;
+};
+
+PIXMOOR_TARGET_AVX2 inline TwoLines16 LoadTwoLines16(const uint8_t* top, const uint8_t* bottom) {
+    TwoLines16 l;
+    LoadRgb16(top, l.topEven, l.topOdd);
+    LoadRgb16(bottom, l.bottomEven, l.bottomOdd);
+    return l;
+}
+
 // The sums over the 8 blocks (2 by 2) of 16 pixels of two lines, from
 // 32-bit pixel lanes in the even/odd order of LoadRgb16: the horizontal add
 // comes out in block order.
@@ -139,6 +152,13 @@ PIXMOOR_TARGET_AVX2 inline __m128i PixelBytes(__m256i even, __m256i odd) {
 PIXMOOR_TARGET_AVX2 inline __m128i ChromaBytes(__m256i uvWords) {
     const __m256i bytes = _mm256_packus_epi16(uvWords, _mm256_setzero_si256());
     return _mm_unpacklo_epi32(_mm256_castsi256_si128(bytes), _mm256_extracti128_si256(bytes, 1));
+}
+
+// Stores the bytes of 16 pixels whose values are 32-bit sums shifted right
+// by `shift`.
+PIXMOOR_TARGET_AVX2 inline void StoreShifted(uint8_t* p, __m256i even, __m256i odd, int shift) {
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(p),
+                     PixelBytes(_mm256_srai_epi32(even, shift), _mm256_srai_epi32(odd, shift)));
 }
 
 PIXMOOR_TARGET_AVX2 inline void StoreChroma(uint8_t* u, uint8_t* v, __m128i uv) {

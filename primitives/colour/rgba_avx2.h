@@ -52,6 +52,18 @@ PIXMOOR_TARGET_AVX2 inline void StoreKeepingByte3(uint8_t* p, __m256i rgb) {
     _mm256_storeu_si256(d, _mm256_blendv_epi8(rgb, _mm256_loadu_si256(d), keep));
 }
 
+// 8 pixels a step while whole steps fit; returns the pixels done.
+// `Pixels8` turns 32 source bytes into the R G B bytes of their pixels.
+template <__m256i (*Pixels8)(__m256i)>
+PIXMOOR_TARGET_AVX2 inline int32_t RgbaSteps(const uint8_t* in, uint8_t* out, int32_t count) {
+    const int32_t whole = count & ~7;
+    for (int32_t x = 0; x < whole; x += 8) {
+        const intptr_t at = 4 * static_cast<intptr_t>(x);
+        StoreKeepingByte3(out + at, Pixels8(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(in + at))));
+    }
+    return whole;
+}
+
 }  // namespace pixmoor::colour::avx2
 
 #endif  // PIXMOOR_HAVE_X86_TARGETS

@@ -54,25 +54,12 @@ const int16_t kChromaFactors[8] = {
     narrow::kFactorV, narrow::kFactorV, narrow::kFactorV, narrow::kFactorV,
 };
 
-// The leading pairs done with wider vectors, where the processor has them
-// (packed RGB only); main loop and tail share their arithmetic.
-template <class In>
-int32_t FastToYuv420(typename In::Line top, typename In::Line bottom, const Yuv420Lines<uint8_t>& out,
-                     int32_t pairs) {
-#if PIXMOOR_HAVE_X86_TARGETS
-    if constexpr (std::is_same_v<In, PackedRgbIn>)
-        if (isa::Has(isa::kAvx2)) return fast::NarrowToYuv420Avx2(top, bottom, out, pairs);
-#endif
-    (void)top, (void)bottom, (void)out, (void)pairs;
-    return 0;
-}
-
 template <class In, class Luma, class NarrowLuma>
 void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
                     const Yuv420Lines<uint8_t>& out, int32_t pairs) {
     const __m128i factors = _mm_loadu_si128(reinterpret_cast<const __m128i*>(kChromaFactors));
     const int32_t mainPairs = pairs & ~3;
-    int32_t j = FastToYuv420<In>(top, bottom, out, mainPairs);
+    int32_t j = fast::NarrowToYuv420Leading<In>(top, bottom, out, mainPairs);
     for (; j < mainPairs; j += 4) {
         const int32_t x = 2 * j;
         const Channels t = Load(top, x);

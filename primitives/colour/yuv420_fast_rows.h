@@ -7,6 +7,7 @@
 #define PIXMOOR_PRIMITIVES_COLOUR_YUV420_FAST_ROWS_H
 
 #include <cstdint>
+#include <type_traits>
 
 #include "primitives/colour/image_layouts.h"
 #include "runtime/isa.h"
@@ -33,6 +34,20 @@ int32_t NarrowToYuv420Avx2(const uint8_t* top, const uint8_t* bottom, const Yuv4
                            int32_t pairs);
 
 #endif
+
+// The leading pairs of the a6 and w7 forward kernels done with wider
+// vectors, where the processor has them (packed RGB only; their main loops
+// and tails share the arithmetic, so any split gives the same bytes).
+template <class In>
+int32_t NarrowToYuv420Leading(typename In::Line top, typename In::Line bottom, const Yuv420Lines<uint8_t>& out,
+                              int32_t pairs) {
+#if PIXMOOR_HAVE_X86_TARGETS
+    if constexpr (std::is_same_v<In, PackedRgbIn>)
+        if (isa::Has(isa::kAvx2)) return NarrowToYuv420Avx2(top, bottom, out, pairs);
+#endif
+    (void)top, (void)bottom, (void)out, (void)pairs;
+    return 0;
+}
 
 }  // namespace pixmoor::colour::fast
 

@@ -43,21 +43,18 @@ PIXMOOR_TARGET_AVX2 int32_t NarrowToYuv420Avx2(const uint8_t* top, const uint8_t
     const int32_t whole = pairs & ~7;
     for (int32_t j = 0; j < whole; j += 8) {
         const intptr_t at = 6 * static_cast<intptr_t>(j);
-        avx2::RbGg t0, t1, b0, b1;
-        avx2::LoadRgb16(top + at, t0, t1);
-        avx2::LoadRgb16(bottom + at, b0, b1);
-        const __m256i st0 = WeightedSum(t0), st1 = WeightedSum(t1), sb0 = WeightedSum(b0), sb1 = WeightedSum(b1);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.y0 + 2 * j),
-                         avx2::PixelBytes(_mm256_srai_epi32(st0, 15), _mm256_srai_epi32(st1, 15)));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.y1 + 2 * j),
-                         avx2::PixelBytes(_mm256_srai_epi32(sb0, 15), _mm256_srai_epi32(sb1, 15)));
+        const avx2::TwoLines16 p = avx2::LoadTwoLines16(top + at, bottom + at);
+        const __m256i st0 = WeightedSum(p.topEven), st1 = WeightedSum(p.topOdd);
+        const __m256i sb0 = WeightedSum(p.bottomEven), sb1 = WeightedSum(p.bottomOdd);
+        avx2::StoreShifted(out.y0 + 2 * j, st0, st1, 15);
+        avx2::StoreShifted(out.y1 + 2 * j, sb0, sb1, 15);
 
         const __m256i mean = _mm256_srai_epi32(
             avx2::BlockSum(_mm256_srai_epi32(st0, 14), _mm256_srai_epi32(sb0, 14), _mm256_srai_epi32(st1, 14),
                            _mm256_srai_epi32(sb1, 14)),
             2);
         // R and B sums side by side: a block's R sum stays below 1024.
-        const __m256i rb = avx2::BlockSum(t0.rb, b0.rb, t1.rb, b1.rb);
+        const __m256i rb = avx2::BlockSum(p.topEven.rb, p.bottomEven.rb, p.topOdd.rb, p.bottomOdd.rb);
         const __m256i halfR = _mm256_srai_epi32(_mm256_and_si256(rb, low16), 1);
         const __m256i halfB = _mm256_srli_epi32(rb, 17);
         const __m256i uv = Scaled(_mm256_sub_epi32(halfB, mean), _mm256_sub_epi32(halfR, mean));

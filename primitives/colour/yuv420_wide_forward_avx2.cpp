@@ -43,17 +43,16 @@ PIXMOOR_TARGET_AVX2 int32_t WideToYuv420Avx2(const uint8_t* top, const uint8_t* 
     const int32_t whole = pairs & ~7;
     for (int32_t j = 0; j < whole; j += 8) {
         const intptr_t at = 6 * static_cast<intptr_t>(j);
-        avx2::RbGg t0, t1, b0, b1;
-        avx2::LoadRgb16(top + at, t0, t1);
-        avx2::LoadRgb16(bottom + at, b0, b1);
-        const __m256i ft0 = Luma(t0), ft1 = Luma(t1), fb0 = Luma(b0), fb1 = Luma(b1);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.y0 + 2 * j), avx2::PixelBytes(_mm256_srai_epi32(ft0, 16), _mm256_srai_epi32(ft1, 16)));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(out.y1 + 2 * j), avx2::PixelBytes(_mm256_srai_epi32(fb0, 16), _mm256_srai_epi32(fb1, 16)));
+        const avx2::TwoLines16 p = avx2::LoadTwoLines16(top + at, bottom + at);
+        const __m256i ft0 = Luma(p.topEven), ft1 = Luma(p.topOdd);
+        const __m256i fb0 = Luma(p.bottomEven), fb1 = Luma(p.bottomOdd);
+        avx2::StoreShifted(out.y0 + 2 * j, ft0, ft1, 16);
+        avx2::StoreShifted(out.y1 + 2 * j, fb0, fb1, 16);
 
         const __m256i luma = avx2::BlockSum(ft0, fb0, ft1, fb1);
         // R and B sums side by side: a block's R sum stays below 1024, so
         // it never carries into the B half of its 32-bit lane.
-        const __m256i rb = avx2::BlockSum(t0.rb, b0.rb, t1.rb, b1.rb);
+        const __m256i rb = avx2::BlockSum(p.topEven.rb, p.bottomEven.rb, p.topOdd.rb, p.bottomOdd.rb);
         const __m256i sumR = _mm256_and_si256(rb, low16);
         const __m256i sumB = _mm256_srli_epi32(rb, 16);
         // U is kept as the byte it is (no clamp), V is clamped.

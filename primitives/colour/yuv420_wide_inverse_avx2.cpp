@@ -1,14 +1,8 @@
 // The px and m6 inverse 4:2:0 row kernel to packed RGB with AVX2: 16 pixel
 // pairs (32 pixels of each line) a step, the same bytes as the plain
-// kernel.
-//
-// The plain kernel computes clamp((Y << 16 + t) >> 16) with a chroma term t
-// at 16 fraction bits.  Since Y << 16 has no fraction, that is
-// clamp(Y + (t >> 16)), and t >> 16 depends on the chroma pair alone: it is
-// reckoned once a pair in 16-bit lanes, then added to each Y, and the
-// unsigned saturating pack is the clamp.  Each factor is split into a whole
-// multiple of 65536 and a remainder that fits a 16-bit lane, so that
-// (f d) >> 16 = (f / 65536) d + mulhi(d, f mod 65536) exactly.
+// kernel.  Each channel is Y plus the chroma term of wide_terms_avx2.h,
+// reckoned once a pair in 16-bit lanes; the unsigned saturating pack is
+// the clamp.
 #include "primitives/colour/yuv420_fast_rows.h"
 
 #if PIXMOOR_HAVE_X86_TARGETS
@@ -16,18 +10,10 @@
 #include <immintrin.h>
 
 #include "primitives/colour/rgb24_avx2.h"
-#include "primitives/colour/wide_arith.h"
+#include "primitives/colour/wide_terms_avx2.h"
 
 namespace pixmoor::colour::fast {
 namespace {
-
-// The inverse factors as whole part and 16-bit remainder.
-constexpr int32_t kRvWhole = 1, kRvRest = wide::kRFromV - 65536;      // 9175
-constexpr int32_t kBuWhole = 2, kBuRest = wide::kBFromU - 2 * 65536;  // 2097
-// G's term -38076 dv - 25821 du: -dv plus the pair (27460 dv - 25821 du)
-// summed in 32 bits by a multiply-add before its shift.
-constexpr int32_t kGvRest = 65536 - wide::kGFromV;  // 27460
-static_assert(kRvRest < 32768 && kBuRest < 32768 && kGvRest < 32768, "remainders fit 16 bits");
 
 // The three offsets t >> 16 of 16 chroma pairs, one 16-bit lane each.
 struct Offsets {
@@ -40,14 +26,12 @@ PIXMOOR_TARGET_AVX2 Offsets PairOffsets(const uint8_t* u, const uint8_t* v) {
         _mm256_cvtepu8_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(u))), c128);
     const __m256i dv = _mm256_sub_epi16(
         _mm256_cvtepu8_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(v))), c128);
-    static_assert(kRvWhole == 1 && kBuWhole == 2, "whole parts as added below");
-    const __m256i r = _mm256_add_epi16(dv, _mm256_mulhi_epi16(dv, _mm256_set1_epi16(kRvRest)));
+    const __m256i r = _mm256_add_epi16(dv, _mm256_mulhi_epi16(dv, _mm256_set1_epi16(avx2::kRvRest)));
     const __m256i b = _mm256_add_epi16(_mm256_add_epi16(du, du),
-                                       _mm256_mulhi_epi16(du, _mm256_set1_epi16(kBuRest)));
-    const __m256i gFactors = _mm256_set1_epi32(static_cast<int32_t>(
-        (static_cast<uint32_t>(-wide::kGFromU) << 16) | static_cast<uint32_t>(kGvRest)));
-    const __m256i gLow = _mm256_srai_epi32(_mm256_madd_epi16(_mm256_unpacklo_epi16(dv, du), gFactors), 16);
-    const __m256i gHigh = _mm256_srai_epi32(_mm256_madd_epi16(_mm256_unpackhi_epi16(dv, du), gFactors), 16);
+                                       _mm256_mulhi_epi16(du, _mm256_set1_epi16(avx2::kBuRest)));
+    const __m256i gFactors = avx2::GreenFactors();
+    const __m256i gLow = _mm256_srai_epi32(_mm256_madd_epi16(_mm256_unpacklo_epi16(du, dv), gFactors), 16);
+    const __m256i gHigh = _mm256_srai_epi32(_mm256_madd_epi16(_mm256_unpackhi_epi16(du, dv), gFactors), 16);
     const __m256i g = _mm256_sub_epi16(_mm256_packs_epi32(gLow, gHigh), dv);
     return Offsets{r, g, b};
 }

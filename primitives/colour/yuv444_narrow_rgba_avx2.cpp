@@ -34,12 +34,7 @@ PIXMOOR_TARGET_AVX2 __m256i Pixels8(__m256i src) {
 }  // namespace
 
 PIXMOOR_TARGET_AVX2 int32_t NarrowYuvaToRgbaAvx2(const uint8_t* in, uint8_t* out, int32_t count) {
-    const int32_t whole = count & ~7;
-    for (int32_t x = 0; x < whole; x += 8) {
-        const intptr_t at = 4 * static_cast<intptr_t>(x);
-        avx2::StoreKeepingByte3(out + at, Pixels8(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(in + at))));
-    }
-    return whole;
+    return avx2::RgbaSteps<&Pixels8>(in, out, count);
 }
 
 }  // namespace pixmoor::colour::fast
