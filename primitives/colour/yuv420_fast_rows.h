@@ -19,6 +19,8 @@ namespace pixmoor::colour::fast {
 // The wide arithmetic of px and m6 (the clamp is the unsigned saturation).
 int32_t WideFromYuv420Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
                            int32_t pairs);
+int32_t WideFromYuv420Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
+                             int32_t pairs);
 int32_t WideToYuv420Avx2(const uint8_t* top, const uint8_t* bottom, const Yuv420Lines<uint8_t>& out,
                          int32_t pairs);
 int32_t WideToYuv420Avx512(const uint8_t* top, const uint8_t* bottom, const Yuv420Lines<uint8_t>& out,

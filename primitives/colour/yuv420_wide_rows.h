@@ -33,8 +33,10 @@ template <class Out>
 int32_t FastFromYuv420(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
                        typename Out::Line bottom, int32_t pairs) {
 #if PIXMOOR_HAVE_X86_TARGETS
-    if constexpr (std::is_same_v<Out, PackedRgbOut>)
+    if constexpr (std::is_same_v<Out, PackedRgbOut>) {
+        if (isa::Has(isa::kAvx512)) return fast::WideFromYuv420Avx512(in, top, bottom, pairs);
         if (isa::Has(isa::kAvx2)) return fast::WideFromYuv420Avx2(in, top, bottom, pairs);
+    }
 #endif
     (void)in, (void)top, (void)bottom, (void)pairs;
     return 0;
