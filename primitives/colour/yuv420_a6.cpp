@@ -14,15 +14,12 @@
 #include <emmintrin.h>
 #include <xmmintrin.h>
 
-#include <type_traits>
-
 #include "primitives/colour/a6_shared.h"
 #include "primitives/colour/narrow_arith.h"
 #include "primitives/colour/narrow_sse2.h"
 #include "primitives/colour/tier_finish.h"
 #include "primitives/colour/yuv420_fast_rows.h"
 #include "primitives/colour/yuv420_rows.h"
-#include "runtime/isa.h"
 
 namespace pixmoor::colour {
 namespace {
@@ -115,26 +112,13 @@ struct PlanesFactors {
     static constexpr const narrow::InverseFactors& kTail = kInversePlanes;
 };
 
-// The leading pairs of the main loop done with wider vectors and the same
-// factor lanes, where the processor has them (packed RGB only).
-template <class Out, class Factors>
-int32_t FastPairs(const Yuv420Lines<const uint8_t>& in, typename Out::Line top, typename Out::Line bottom,
-                  int32_t mainPairs) {
-#if PIXMOOR_HAVE_X86_TARGETS
-    if constexpr (std::is_same_v<Out, PackedRgbOut>)
-        if (isa::Has(isa::kAvx2)) return fast::NarrowFromYuv420Avx2(in, top, bottom, mainPairs, Factors::kLanes);
-#endif
-    (void)in, (void)top, (void)bottom, (void)mainPairs;
-    return 0;
-}
-
 template <class Out, class Factors>
 void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
                       typename Out::Line bottom, int32_t pairs) {
     const InverseLanes factors = a6::LoadInverseLanes(Factors::kLanes);
     const __m128i z = _mm_setzero_si128();
     const int32_t mainPairs = pairs & ~3;
-    int32_t j = FastPairs<Out, Factors>(in, top, bottom, mainPairs);
+    int32_t j = fast::NarrowFromYuv420Leading<Out>(in, top, bottom, mainPairs, Factors::kLanes);
     for (; j < mainPairs; j += 4) {
         const int32_t x = 2 * j;
         Prefetch(in.y0 + x);

@@ -31,6 +31,8 @@ int32_t WideToYuv420Avx512(const uint8_t* top, const uint8_t* bottom, const Yuv4
 // one lane per pixel position in a group of eight.
 int32_t NarrowFromYuv420Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
                              int32_t pairs, const int16_t (&lanes)[5][8]);
+int32_t NarrowFromYuv420Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
+                               int32_t pairs, const int16_t (&lanes)[5][8]);
 // The narrow forward arithmetic, the same in a6 and w7.
 int32_t NarrowToYuv420Avx2(const uint8_t* top, const uint8_t* bottom, const Yuv420Lines<uint8_t>& out,
                            int32_t pairs);
@@ -48,6 +50,28 @@ int32_t NarrowToYuv420Leading(typename In::Line top, typename In::Line bottom, c
         if (isa::Has(isa::kAvx2)) return NarrowToYuv420Avx2(top, bottom, out, pairs);
 #endif
     (void)top, (void)bottom, (void)out, (void)pairs;
+    return 0;
+}
+
+// The leading pairs of the a6 and w7 inverse kernels to packed RGB done
+// with wider vectors and the tier's factor lanes, where the processor has
+// them; `mainPairs` bounds the tier's own main loop.
+template <class Out>
+int32_t NarrowFromYuv420Leading(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
+                                typename Out::Line bottom, int32_t mainPairs, const int16_t (&lanes)[5][8]) {
+#if PIXMOOR_HAVE_X86_TARGETS
+    if constexpr (std::is_same_v<Out, PackedRgbOut>) {
+        int32_t done = 0;
+        if (isa::Has(isa::kAvx512)) done = NarrowFromYuv420Avx512(in, top, bottom, mainPairs, lanes);
+        if (isa::Has(isa::kAvx2)) {
+            const Yuv420Lines<const uint8_t> rest{in.y0 + 2 * done, in.y1 + 2 * done, in.u + done, in.v + done};
+            done += NarrowFromYuv420Avx2(rest, top + 6 * static_cast<intptr_t>(done),
+                                         bottom + 6 * static_cast<intptr_t>(done), mainPairs - done, lanes);
+        }
+        return done;
+    }
+#endif
+    (void)in, (void)top, (void)bottom, (void)mainPairs, (void)lanes;
     return 0;
 }
 

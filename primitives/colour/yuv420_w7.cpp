@@ -13,9 +13,7 @@
 #include "primitives/colour/tier_finish.h"
 #include "primitives/colour/yuv420_fast_rows.h"
 #include "primitives/colour/yuv420_rows.h"
-#include "runtime/isa.h"
 
-#include <type_traits>
 
 namespace pixmoor::colour {
 namespace {
@@ -84,19 +82,6 @@ alignas(16) const int16_t kInverseLanes[5][8] = {
     {16645, 16645, 16645, 16645, 16645, 16645, 16645, 16645},
 };
 
-// The leading pairs of the main loop done with wider vectors, where the
-// processor has them (packed RGB only).
-template <class Out>
-int32_t FastPairs(const Yuv420Lines<const uint8_t>& in, typename Out::Line top, typename Out::Line bottom,
-                  int32_t mainPairs) {
-#if PIXMOOR_HAVE_X86_TARGETS
-    if constexpr (std::is_same_v<Out, PackedRgbOut>)
-        if (isa::Has(isa::kAvx2)) return fast::NarrowFromYuv420Avx2(in, top, bottom, mainPairs, kInverseLanes);
-#endif
-    (void)in, (void)top, (void)bottom, (void)mainPairs;
-    return 0;
-}
-
 void StorePixels(PackedRgbOut::Line line, int32_t x, RgbBytes c) {
     Interleave(c.r, c.g, c.b);
     uint8_t* p = line + 3 * static_cast<intptr_t>(x);
@@ -123,7 +108,7 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
     const InverseLanes factors = Uniform(kInverse);
     const __m128i z = _mm_setzero_si128();
     const int32_t mainPairs = pairs & ~15;
-    int32_t j = FastPairs<Out>(in, top, bottom, mainPairs);
+    int32_t j = fast::NarrowFromYuv420Leading<Out>(in, top, bottom, mainPairs, kInverseLanes);
     for (; j < mainPairs; j += 8) {
         const int32_t x = 2 * j;
         const __m128i du = Centred(_mm_unpacklo_epi8(Load8(in.u + j), z));
