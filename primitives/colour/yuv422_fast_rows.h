@@ -16,8 +16,24 @@ namespace pixmoor::colour::fast {
 
 // Packed 4:2:2 to packed RGB, the wide arithmetic of px and m6.
 int32_t WidePacked422ToRgbAvx2(const uint8_t* in, uint8_t* out, int32_t count);
+int32_t WidePacked422ToRgbAvx512(const uint8_t* in, uint8_t* out, int32_t count);
 // Packed 4:2:2 to packed RGB, the narrow main-loop arithmetic of a6 and w7.
 int32_t NarrowPacked422ToRgbAvx2(const uint8_t* in, uint8_t* out, int32_t count);
+int32_t NarrowPacked422ToRgbAvx512(const uint8_t* in, uint8_t* out, int32_t count);
+
+// The leading pixels of a packed 4:2:2 to packed RGB row done with the
+// widest vectors the processor has, by the forms of one arithmetic; the
+// forms are called in turn, each from where the wider one stopped.
+using Packed422Form = int32_t (*)(const uint8_t* in, uint8_t* out, int32_t count);
+
+inline int32_t Packed422Leading(Packed422Form avx512, Packed422Form avx2, const uint8_t* in, uint8_t* out,
+                                int32_t count) {
+    int32_t done = 0;
+    if (isa::Has(isa::kAvx512)) done = avx512(in, out, count);
+    if (isa::Has(isa::kAvx2))
+        done += avx2(in + 2 * static_cast<intptr_t>(done), out + 3 * static_cast<intptr_t>(done), count - done);
+    return done;
+}
 
 #endif
 

@@ -33,7 +33,7 @@ template <const ClampTable& Clamp>
 void WidePackedToRgb(Packed422In::Line in, PackedRgbOut::Line out, int32_t count) {
     int32_t done = 0;
 #if PIXMOOR_HAVE_X86_TARGETS
-    if (isa::Has(isa::kAvx2)) done = fast::WidePacked422ToRgbAvx2(in, out, count);
+    done = fast::Packed422Leading(&fast::WidePacked422ToRgbAvx512, &fast::WidePacked422ToRgbAvx2, in, out, count);
 #endif
     FromYuv422From<WideInverse<Clamp>, Packed422In, PackedRgbOut>(in, out, done >> 1, count);
 }

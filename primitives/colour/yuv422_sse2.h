@@ -164,7 +164,7 @@ template <class In, class Out>
 int32_t FastPixels(typename In::Line in, typename Out::Line out, int32_t mainPixels) {
 #if PIXMOOR_HAVE_X86_TARGETS
     if constexpr (std::is_same_v<In, Packed422In> && std::is_same_v<Out, PackedRgbOut>)
-        if (isa::Has(isa::kAvx2)) return fast::NarrowPacked422ToRgbAvx2(in, out, mainPixels);
+        return fast::Packed422Leading(&fast::NarrowPacked422ToRgbAvx512, &fast::NarrowPacked422ToRgbAvx2, in, out, mainPixels);
 #endif
     (void)in, (void)out, (void)mainPixels;
     return 0;
