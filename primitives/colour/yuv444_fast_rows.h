@@ -16,8 +16,23 @@ namespace pixmoor::colour::fast {
 
 // ImgYUVAToRGBA, the wide arithmetic of px and m6; byte 3 kept.
 int32_t WideYuvaToRgbaAvx2(const uint8_t* in, uint8_t* out, int32_t count);
+int32_t WideYuvaToRgbaAvx512(const uint8_t* in, uint8_t* out, int32_t count);
 // ImgYUVAToRGBA, the narrow arithmetic of a6 and w7; byte 3 kept.
 int32_t NarrowYuvaToRgbaAvx2(const uint8_t* in, uint8_t* out, int32_t count);
+int32_t NarrowYuvaToRgbaAvx512(const uint8_t* in, uint8_t* out, int32_t count);
+
+// The leading pixels of an ImgYUVAToRGBA row done with the widest vectors
+// the processor has, by the forms of one arithmetic; the forms are called
+// in turn, each from where the wider one stopped.
+using RgbaForm = int32_t (*)(const uint8_t* in, uint8_t* out, int32_t count);
+
+inline int32_t RgbaLeading(RgbaForm avx512, RgbaForm avx2, const uint8_t* in, uint8_t* out, int32_t count) {
+    int32_t done = 0;
+    if (isa::Has(isa::kAvx512)) done = avx512(in, out, count);
+    if (isa::Has(isa::kAvx2))
+        done += avx2(in + 4 * static_cast<intptr_t>(done), out + 4 * static_cast<intptr_t>(done), count - done);
+    return done;
+}
 
 #endif
 

@@ -304,7 +304,7 @@ void YuvaToRgbaRow(const uint8_t* in, uint8_t* out, int32_t count) {
 #if PIXMOOR_HAVE_X86_TARGETS
     // Wider vectors where the processor has them; every block size here
     // shares the arithmetic.
-    if (isa::Has(isa::kAvx2)) x = fast::NarrowYuvaToRgbaAvx2(in, out, count & ~7);
+    x = fast::RgbaLeading(&fast::NarrowYuvaToRgbaAvx512, &fast::NarrowYuvaToRgbaAvx2, in, out, count & ~7);
 #endif
     x = Blocks<8, Tier, Packed4In, Packed4Out, Store>(in, out, x, count & ~7, compute);
     x = Blocks<4, Tier, Packed4In, Packed4Out, Store>(in, out, x, count & ~3, compute);

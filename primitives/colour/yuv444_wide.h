@@ -55,7 +55,7 @@ template <class FromPacked>
 void YuvaToRgbaRow(Packed4In::Line in, Packed4Out::Line out, int32_t count) {
     int32_t done = 0;
 #if PIXMOOR_HAVE_X86_TARGETS
-    if (isa::Has(isa::kAvx2)) done = fast::WideYuvaToRgbaAvx2(in, out, count);
+    done = fast::RgbaLeading(&fast::WideYuvaToRgbaAvx512, &fast::WideYuvaToRgbaAvx2, in, out, count);
 #endif
     ConvertPixels<Packed4In, Packed4Out, FromPacked>(in, out, done, count);
 }
