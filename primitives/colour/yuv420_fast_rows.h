@@ -36,6 +36,8 @@ int32_t NarrowFromYuv420Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* to
 // The narrow forward arithmetic, the same in a6 and w7.
 int32_t NarrowToYuv420Avx2(const uint8_t* top, const uint8_t* bottom, const Yuv420Lines<uint8_t>& out,
                            int32_t pairs);
+int32_t NarrowToYuv420Avx512(const uint8_t* top, const uint8_t* bottom, const Yuv420Lines<uint8_t>& out,
+                             int32_t pairs);
 
 #endif
 
@@ -46,8 +48,10 @@ template <class In>
 int32_t NarrowToYuv420Leading(typename In::Line top, typename In::Line bottom, const Yuv420Lines<uint8_t>& out,
                               int32_t pairs) {
 #if PIXMOOR_HAVE_X86_TARGETS
-    if constexpr (std::is_same_v<In, PackedRgbIn>)
+    if constexpr (std::is_same_v<In, PackedRgbIn>) {
+        if (isa::Has(isa::kAvx512)) return NarrowToYuv420Avx512(top, bottom, out, pairs);
         if (isa::Has(isa::kAvx2)) return NarrowToYuv420Avx2(top, bottom, out, pairs);
+    }
 #endif
     (void)top, (void)bottom, (void)out, (void)pairs;
     return 0;
