@@ -12,7 +12,7 @@
 
 #if PIXMOOR_HAVE_X86_TARGETS
 
-#include <immintrin.h>
+#include "primitives/colour/avx512_intrinsics.h"
 
 #include <cstdint>
 

@@ -8,15 +8,7 @@
 
 #if PIXMOOR_HAVE_X86_TARGETS
 
-// GCC 12's AVX-512 intrinsics start from an undefined register and warn of
-// it; no value here depends on one.
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#endif
-
-#include <immintrin.h>
-
+#include "primitives/colour/avx512_intrinsics.h"
 #include "primitives/colour/narrow_arith.h"
 #include "primitives/colour/rgb24_avx512.h"
 

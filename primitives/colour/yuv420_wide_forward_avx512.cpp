@@ -9,14 +9,7 @@
 
 #if PIXMOOR_HAVE_X86_TARGETS
 
-// GCC 12's AVX-512 intrinsics start from an undefined register and warn of
-// it; no value here depends on one.
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#endif
-
-#include <immintrin.h>
-
+#include "primitives/colour/avx512_intrinsics.h"
 #include "primitives/colour/rgb24_avx512.h"
 #include "primitives/colour/wide_arith.h"
 

@@ -5,15 +5,7 @@
 
 #if PIXMOOR_HAVE_X86_TARGETS
 
-// GCC 12's AVX-512 intrinsics start from an undefined register and warn of
-// it; no value here depends on one.
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
-#pragma GCC diagnostic ignored "-Wuninitialized"
-#endif
-
-#include <immintrin.h>
-
+#include "primitives/colour/avx512_intrinsics.h"
 #include "primitives/colour/packed422_avx512.h"
 #include "primitives/colour/yuv422_arith.h"
 
