@@ -2,7 +2,7 @@
 # Installs the Debian packages that building, testing and the tools need,
 # skipping what is already there.  Usage: scripts/install-deps.sh [extra...]
 set -euo pipefail
-packages=(cmake make g++ pkgconf libgtest-dev libgmock-dev libpng-dev "$@")
+packages=(cmake make g++ pkgconf libpng-dev libcli11-dev "$@")
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

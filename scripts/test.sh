@@ -3,7 +3,7 @@
 # runs the whole test suite.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install-deps.sh
+scripts/install-deps.sh libgtest-dev libgmock-dev ffmpeg
 jobs=$(nproc)
 cmake -S . -B build -DCMAKE_BUILD_TYPE=Release -DPIXMOOR_WERROR=ON
 cmake --build build -j "$jobs"
