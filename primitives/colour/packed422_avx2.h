@@ -16,14 +16,13 @@
 
 namespace pixmoor::colour::avx2 {
 
-// Copies the low (high) 16-bit half of every 32-bit lane into both halves:
-// a pair's chroma value to both its pixels.
-PIXMOOR_TARGET_AVX2 inline __m256i SpreadLow(__m256i x) {
-    return _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(x, 0xA0), 0xA0);
-}
-PIXMOOR_TARGET_AVX2 inline __m256i SpreadHigh(__m256i x) {
-    return _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(x, 0xF5), 0xF5);
-}
+// Byte shuffles that copy the low (high) 16-bit half of every 32-bit lane
+// into both halves: a pair's chroma value to both its pixels.
+alignas(16) inline constexpr int8_t kSpreadLow[16] = {0, 1, 0, 1, 4, 5, 4, 5, 8, 9, 8, 9, 12, 13, 12, 13};
+alignas(16) inline constexpr int8_t kSpreadHigh[16] = {2, 3, 2, 3, 6, 7, 6, 7, 10, 11, 10, 11, 14, 15, 14, 15};
+
+PIXMOOR_TARGET_AVX2 inline __m256i SpreadLow(__m256i x) { return _mm256_shuffle_epi8(x, Mask(kSpreadLow)); }
+PIXMOOR_TARGET_AVX2 inline __m256i SpreadHigh(__m256i x) { return _mm256_shuffle_epi8(x, Mask(kSpreadHigh)); }
 
 // Y of the 16 pixels in 32 source bytes, one 16-bit lane each; and their
 // chroma bytes (U in the low, V in the high half of each pair's lane).

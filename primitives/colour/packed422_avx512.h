@@ -5,6 +5,7 @@
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_PACKED422_AVX512_H
 #define PIXMOOR_PRIMITIVES_COLOUR_PACKED422_AVX512_H
 
+#include "primitives/colour/packed422_avx2.h"
 #include "primitives/colour/rgb24_avx512.h"
 #include "runtime/isa.h"
 
@@ -18,12 +19,8 @@ namespace pixmoor::colour::avx512 {
 
 // Copies the low (high) 16-bit half of every 32-bit lane into both halves:
 // a pair's chroma value to both its pixels.
-PIXMOOR_TARGET_AVX512 inline __m512i SpreadLow(__m512i x) {
-    return _mm512_shufflehi_epi16(_mm512_shufflelo_epi16(x, 0xA0), 0xA0);
-}
-PIXMOOR_TARGET_AVX512 inline __m512i SpreadHigh(__m512i x) {
-    return _mm512_shufflehi_epi16(_mm512_shufflelo_epi16(x, 0xF5), 0xF5);
-}
+PIXMOOR_TARGET_AVX512 inline __m512i SpreadLow(__m512i x) { return _mm512_shuffle_epi8(x, Mask(avx2::kSpreadLow)); }
+PIXMOOR_TARGET_AVX512 inline __m512i SpreadHigh(__m512i x) { return _mm512_shuffle_epi8(x, Mask(avx2::kSpreadHigh)); }
 
 // Y of the 32 pixels in 64 source bytes, one 16-bit lane each; and their
 // chroma bytes (U in the low, V in the high half of each pair's lane).
