@@ -1,6 +1,8 @@
 // The wrappers' argument checks and the drivers that walk the lines.
 #include "primitives/mirror/mirror_driver.h"
 
+#include "primitives/mirror/mirror_fast_kernels.h"
+
 namespace pixmoor::mirror {
 namespace {
 
@@ -39,7 +41,7 @@ PrimStatus MirrorToDestination(const Tier& tier, Layout layout, const void* src,
     if (status != PrimStatusOk) return status;
 
     const LayoutInfo& info = kLayouts[layout];
-    const RowKernels& kernels = tier.kernels[layout];
+    const RowKernels& kernels = KernelsFor(tier.kernels, layout);
     const auto* from = static_cast<const uint8_t*>(src);
     auto* to = static_cast<uint8_t*>(dst);
     const int32_t fromStep = srcStep & info.stepMask;
@@ -65,7 +67,7 @@ PrimStatus MirrorInPlace(const Tier& tier, Layout layout, void* srcDst, int32_t 
     if (status != PrimStatusOk) return status;
 
     const LayoutInfo& info = kLayouts[layout];
-    const RowKernels& kernels = tier.kernels[layout];
+    const RowKernels& kernels = KernelsFor(tier.kernels, layout);
     auto* image = static_cast<uint8_t*>(srcDst);
     const int32_t lineStep = step & info.stepMask;
     const int32_t half = width / 2;
