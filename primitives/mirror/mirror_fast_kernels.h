@@ -11,14 +11,16 @@
 namespace pixmoor::mirror {
 
 #if PIXMOOR_HAVE_X86_TARGETS
-// 256-bit integer vectors; the table is in layout order.
+// 256-bit and 512-bit integer vectors; the tables are in layout order.
 const RowKernels* Avx2Kernels();
+const RowKernels* Avx512Kernels();
 #endif
 
 // The kernels of `layout` that the drivers run for a tier: the widest set the
 // processor allows, or the tier's own.
 inline const RowKernels& KernelsFor(const RowKernels* tierKernels, Layout layout) {
 #if PIXMOOR_HAVE_X86_TARGETS
+    if (isa::Has(isa::kAvx512)) return Avx512Kernels()[layout];
     if (isa::Has(isa::kAvx2)) return Avx2Kernels()[layout];
 #endif
     return tierKernels[layout];
