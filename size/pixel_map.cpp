@@ -47,16 +47,20 @@ bool PixelMap::Build(const ScaleRun* runs, int32_t bytesPerPixel, int32_t srcLin
     int32_t n = 0;
     auto fits = [](int64_t offset) { return offset >= 0 && offset <= INT32_MAX - 4; };
     for (const ScaleRun* run = runs; run != nullptr; run = run->next) {
+        // A negative count would walk backwards: offsets that fall, which
+        // the copies below assume they never do.
+        if (run->count < 0) return false;
         const int32_t bytes = WrapMul(run->count, bytesPerPixel);
         switch (run->kind) {
             case RunCopy:
-                if (run->count < 0 || run->count > capacity_ - n || !fits(at + bytes)) return false;
-                for (int32_t i = 0; i < run->count; ++i) offsets_[n++] = static_cast<int32_t>(at + int64_t{i} * bytesPerPixel);
+                if (run->count > capacity_ - n || !fits(at + bytes)) return false;
+                for (int32_t i = 0; i < run->count; ++i)
+                    offsets_[n++] = static_cast<int32_t>(at + int64_t{i} * bytesPerPixel);
                 at += bytes;
                 break;
             case RunDuplicate:
                 // The last source pixel taken lies just before the position.
-                if (run->count < 0 || run->count > capacity_ - n || !fits(at - bytesPerPixel)) return false;
+                if (run->count > capacity_ - n || !fits(at - bytesPerPixel)) return false;
                 for (int32_t i = 0; i < run->count; ++i) offsets_[n++] = static_cast<int32_t>(at - bytesPerPixel);
                 break;
             case RunDrop:
@@ -83,7 +87,8 @@ uint8_t* PixelMap::CopyLine(const uint8_t* src, uint8_t* dst) const {
         case 3: return CopyMapped<3>(offsets_, pixels_, wholeWords_, src, dst);
         default:
 #if PIXMOOR_HAVE_X86_TARGETS
-            if (pixmoor::isa::Has(pixmoor::isa::kAvx2)) return CopyMappedWordsAvx2(offsets_, pixels_, srcLineSize_, src, dst);
+            if (pixmoor::isa::Has(pixmoor::isa::kAvx2))
+                return CopyMappedWordsAvx2(offsets_, pixels_, srcLineSize_, src, dst);
 #endif
             return CopyMapped<4>(offsets_, pixels_, 0, src, dst);
     }
