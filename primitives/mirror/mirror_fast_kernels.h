@@ -1,7 +1,10 @@
 // Row kernels for processors with wider vectors than the tiers assume.  A
 // mirror only moves bytes, so one set serves all four tiers: the drivers
 // take it in place of the tier's own set, once per frame, when the
-// processor has the instructions.
+// processor has the instructions.  These kernels store through the cache
+// whatever streaming flag the tier's wrapper derives: a frame of video fits
+// the caches of such processors, where streaming it past them makes the
+// copy several times slower and the next reader fetch it from memory.
 #ifndef PIXMOOR_PRIMITIVES_MIRROR_FAST_KERNELS_H
 #define PIXMOOR_PRIMITIVES_MIRROR_FAST_KERNELS_H
 
