@@ -124,6 +124,22 @@ PIXMOOR_MIRROR_BLOCK_TARGET void CopyBytes(const uint8_t* src, uint8_t* dst, int
     if (done < bytes) Store32(dst + bytes - 32, Load32(src + bytes - 32));
 }
 
+// The same bytes with streaming stores from the destination's first 32-byte
+// boundary on (the head and the last vector go through the cache), closed
+// by a store fence so that later readers see them.
+PIXMOOR_MIRROR_BLOCK_TARGET void StreamBytes(const uint8_t* src, uint8_t* dst, int32_t bytes) {
+    if (bytes < 64) {
+        CopyBytes(src, dst, bytes);
+        return;
+    }
+    Store32(dst, Load32(src));
+    int32_t done = 32 - static_cast<int32_t>(reinterpret_cast<uintptr_t>(dst) & 31);
+    for (; bytes - done >= 32; done += 32)
+        _mm256_stream_si256(reinterpret_cast<__m256i*>(dst + done), Load32(src + done));
+    if (done < bytes) Store32(dst + bytes - 32, Load32(src + bytes - 32));
+    _mm_sfence();
+}
+
 PIXMOOR_MIRROR_BLOCK_TARGET void SwapBytes(uint8_t* a, uint8_t* b, int32_t bytes) {
     int32_t done = 0;
     for (; bytes - done >= 64; done += 64) {
@@ -145,10 +161,14 @@ PIXMOOR_MIRROR_BLOCK_TARGET void SwapBytes(uint8_t* a, uint8_t* b, int32_t bytes
 
 // ---- The four kernels -------------------------------------------------------------
 
+// `stream` asks for streaming stores where whole pixels move.
 template <int P, int Moved>
-PIXMOOR_MIRROR_BLOCK_TARGET void CopyRow(const uint8_t* src, uint8_t* dst, int32_t count, int32_t) {
+PIXMOOR_MIRROR_BLOCK_TARGET void CopyRow(const uint8_t* src, uint8_t* dst, int32_t count, int32_t stream) {
     if (Moved == P) {
-        CopyBytes(src, dst, count * P);
+        if (stream != 0)
+            StreamBytes(src, dst, count * P);
+        else
+            CopyBytes(src, dst, count * P);
         return;
     }
     using B = Blocks<P, Moved>;

@@ -138,3 +138,19 @@ std::string MemberName(const ::testing::TestParamInfo<int>& info) { return AllMe
 INSTANTIATE_TEST_SUITE_P(AllMembers, MirrorResults, ::testing::Range(0, 18), MemberName);
 
 }  // namespace
+
+// Pictures above 16 MiB, which the wide copy of axis 0 streams, at odd
+// widths and alignments; the plain tier and the streaming one.
+TEST(MirrorLargePictures, AxisZeroMatchesTheModel) {
+    const Member members[] = {AllMembers()[0], AllMembers()[7]};  // 8uC1, 32sC3
+    pixmoor_test::ForEachIsaLevel([&] {
+        for (const Member& m : members) {
+            const int32_t width = 17000 / m.pixelBytes() + 1;
+            const int32_t height = (17 << 20) / (width * m.pixelBytes()) + 1;
+            for (int tier : {0, 3}) {
+                RunCase(m, tier, Case{width, height, 0, 4, 0, 3, 5}, 11u + static_cast<uint32_t>(tier));
+                if (::testing::Test::HasFatalFailure()) return;
+            }
+        }
+    });
+}
