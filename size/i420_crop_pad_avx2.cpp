@@ -53,10 +53,13 @@ PIXMOOR_TARGET_AVX2 inline void CopyBytes(uint8_t* dst, const uint8_t* src, int3
         return;
     }
     int32_t done = 0;
-    for (; bytes - done > 64; done += 64) {
+    for (; bytes - done > 128; done += 128) {
         const __m256i a = Load32(src + done), b = Load32(src + done + 32);
+        const __m256i c = Load32(src + done + 64), d = Load32(src + done + 96);
         Store32(dst + done, a);
         Store32(dst + done + 32, b);
+        Store32(dst + done + 64, c);
+        Store32(dst + done + 96, d);
     }
     for (; bytes - done > 32; done += 32) Store32(dst + done, Load32(src + done));
     Store32(dst + bytes - 32, Load32(src + bytes - 32));
