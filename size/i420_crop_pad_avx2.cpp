@@ -9,16 +9,13 @@
 
 #include <cstring>
 
+#include "runtime/wide_moves.h"
+
 #define PIXMOOR_CROP_PAD_TARGET PIXMOOR_TARGET_AVX2
 
 namespace {
 
-PIXMOOR_TARGET_AVX2 inline __m256i Load32(const uint8_t* p) {
-    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
-}
-PIXMOOR_TARGET_AVX2 inline void Store32(uint8_t* p, __m256i v) {
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v);
-}
+using pixmoor::wide::Store32;
 
 // Below 32 bytes: two moves of the widest unit that fits, one from each
 // end (they overlap where the count isn't twice the unit), then bytes.
@@ -45,24 +42,11 @@ PIXMOOR_TARGET_AVX2 inline void CopyShort(uint8_t* dst, const uint8_t* src, int3
     for (int32_t i = 0; i < bytes; ++i) dst[i] = src[i];
 }
 
-// The last vector ends at the run's end; the bytes it writes again are the
-// same ones.
 PIXMOOR_TARGET_AVX2 inline void CopyBytes(uint8_t* dst, const uint8_t* src, int32_t bytes) {
-    if (bytes < 32) {
+    if (bytes < 32)
         CopyShort(dst, src, bytes);
-        return;
-    }
-    int32_t done = 0;
-    for (; bytes - done > 128; done += 128) {
-        const __m256i a = Load32(src + done), b = Load32(src + done + 32);
-        const __m256i c = Load32(src + done + 64), d = Load32(src + done + 96);
-        Store32(dst + done, a);
-        Store32(dst + done + 32, b);
-        Store32(dst + done + 64, c);
-        Store32(dst + done + 96, d);
-    }
-    for (; bytes - done > 32; done += 32) Store32(dst + done, Load32(src + done));
-    Store32(dst + bytes - 32, Load32(src + bytes - 32));
+    else
+        pixmoor::wide::CopyAtLeast32(dst, src, bytes);
 }
 
 PIXMOOR_TARGET_AVX2 inline void ZeroBytes(uint8_t* dst, int32_t bytes) {

@@ -18,18 +18,15 @@
 
 #include "primitives/mirror/mirror_kernels.h"
 #include "primitives/mirror/mirror_pixel_loops.h"
+#include "runtime/wide_moves.h"
 
 namespace pixmoor::mirror {
 namespace {
 
 using pixels::Offset;
 
-PIXMOOR_MIRROR_BLOCK_TARGET inline __m256i Load32(const uint8_t* p) {
-    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
-}
-PIXMOOR_MIRROR_BLOCK_TARGET inline void Store32(uint8_t* p, __m256i v) {
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v);
-}
+using wide::Load32;
+using wide::Store32;
 
 // ---- Blocks of 16 pixels of 3, 6 or 12 bytes in 128-bit vectors -------------
 
@@ -109,19 +106,7 @@ PIXMOOR_MIRROR_BLOCK_TARGET void CopyBytes(const uint8_t* src, uint8_t* dst, int
         if (bytes > 0) std::memcpy(dst, src, static_cast<size_t>(bytes));
         return;
     }
-    int32_t done = 0;
-    for (; bytes - done >= 128; done += 128) {
-        const __m256i a = Load32(src + done), b = Load32(src + done + 32);
-        const __m256i c = Load32(src + done + 64), d = Load32(src + done + 96);
-        Store32(dst + done, a);
-        Store32(dst + done + 32, b);
-        Store32(dst + done + 64, c);
-        Store32(dst + done + 96, d);
-    }
-    for (; bytes - done >= 32; done += 32) Store32(dst + done, Load32(src + done));
-    // The last bytes as one vector ending at the line's end; the bytes it
-    // writes again are the same ones.
-    if (done < bytes) Store32(dst + bytes - 32, Load32(src + bytes - 32));
+    wide::CopyAtLeast32(dst, src, bytes);
 }
 
 // The same bytes with streaming stores from the destination's first 32-byte
