@@ -101,8 +101,13 @@ struct ShuffledBlocks {
 
 // ---- Runs of bytes ------------------------------------------------------------
 
+// Lines from this many bytes on go to the C library's block move, which on
+// these processors beats vector loops there (its string move writes whole
+// cache lines without reading them first).
+constexpr int32_t kBlockMoveBytes = 8192;
+
 PIXMOOR_MIRROR_BLOCK_TARGET void CopyBytes(const uint8_t* src, uint8_t* dst, int32_t bytes) {
-    if (bytes < 32) {
+    if (bytes < 32 || bytes >= kBlockMoveBytes) {
         if (bytes > 0) std::memcpy(dst, src, static_cast<size_t>(bytes));
         return;
     }
