@@ -154,3 +154,18 @@ TEST(MirrorLargePictures, AxisZeroMatchesTheModel) {
         }
     });
 }
+
+// Lines of some thousands of bytes, around the length from which the wide
+// copy hands lines to the block move, on every member, axis and tier.
+TEST(MirrorLongLines, MatchTheModelInEveryTier) {
+    pixmoor_test::ForEachIsaLevel([&] {
+        for (const Member& m : AllMembers())
+            for (int32_t bytes : {8191, 8192, 9001})
+                for (int32_t axis = 0; axis < 3; ++axis)
+                    for (int tier = 0; tier < 4; ++tier) {
+                        const int32_t width = bytes / m.pixelBytes() + 1;
+                        RunCase(m, tier, Case{width, 3, axis, 8, 0, 1, 7}, static_cast<uint32_t>(bytes + tier));
+                        if (::testing::Test::HasFatalFailure()) return;
+                    }
+    });
+}
