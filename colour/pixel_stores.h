@@ -10,6 +10,14 @@
 
 namespace pixmoor {
 
+// Names the stores for the vector row kernels, which take the store as a
+// value rather than as a type.
+enum class RgbStoreKind { kBgr24, kBgr32, kRgb565, kRgb555, kRgb555High };
+
+constexpr int32_t BytesPerPixel(RgbStoreKind kind) {
+    return kind == RgbStoreKind::kBgr32 ? 4 : kind == RgbStoreKind::kBgr24 ? 3 : 2;
+}
+
 inline void PutWord16(uint8_t* out, uint32_t word) {
     out[0] = static_cast<uint8_t>(word);
     out[1] = static_cast<uint8_t>(word >> 8);
@@ -20,6 +28,7 @@ inline void PutWord16(uint8_t* out, uint32_t word) {
 template <uint32_t DestFCC, int32_t Bytes>
 struct StoreBgrBytes {
     static constexpr uint32_t kDestFCC = DestFCC;
+    static constexpr RgbStoreKind kKind = Bytes == 4 ? RgbStoreKind::kBgr32 : RgbStoreKind::kBgr24;
     static constexpr int32_t kBytes = Bytes;
     static void Put(uint8_t* out, uint32_t first, uint32_t second, uint32_t third) {
         out[0] = static_cast<uint8_t>(first);
@@ -51,18 +60,19 @@ inline uint32_t PackRgb555High(uint32_t first, uint32_t second, uint32_t third) 
 }
 
 // A 16-bit destination: one word a pixel, packed by `Pack`.
-template <uint32_t DestFCC, uint32_t (*Pack)(uint32_t, uint32_t, uint32_t)>
+template <uint32_t DestFCC, uint32_t (*Pack)(uint32_t, uint32_t, uint32_t), RgbStoreKind Kind>
 struct StoreWord16 {
     static constexpr uint32_t kDestFCC = DestFCC;
+    static constexpr RgbStoreKind kKind = Kind;
     static constexpr int32_t kBytes = 2;
     static void Put(uint8_t* out, uint32_t first, uint32_t second, uint32_t third) {
         PutWord16(out, Pack(first, second, third));
     }
 };
 
-using StoreRgb565 = StoreWord16<FCC_RG56, PackRgb565>;
-using StoreRgb555 = StoreWord16<FCC_RG55, PackRgb555>;
-using StoreRgb555High = StoreWord16<FCC_RG55, PackRgb555High>;
+using StoreRgb565 = StoreWord16<FCC_RG56, PackRgb565, RgbStoreKind::kRgb565>;
+using StoreRgb555 = StoreWord16<FCC_RG55, PackRgb555, RgbStoreKind::kRgb555>;
+using StoreRgb555High = StoreWord16<FCC_RG55, PackRgb555High, RgbStoreKind::kRgb555High>;
 
 }  // namespace pixmoor
 

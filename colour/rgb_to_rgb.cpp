@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "colour/block_copy.h"
 #include "colour/repack_rows.h"
 #include "colour/row_placement.h"
 
@@ -13,7 +14,7 @@ void RgbCopyRoutine(const CColorXForm* xform, const uint8_t* src, uint8_t* dst, 
     const auto* t = static_cast<const CColorXFormToRGB<FCC>*>(xform);
     const int32_t lineSize = t->destLineSize;
     if (!t->Flips()) {
-        std::memcpy(dst, src, static_cast<uint32_t>(t->destBufferSize));
+        CopyBlock(dst, src, static_cast<uint32_t>(t->destBufferSize));
         return;
     }
     // The pitch is taken as it stands: 0 lays every row on the first one,

@@ -1,8 +1,8 @@
 // Stage 1 and the routines of the scalar roads into "I420".
 #include "colour/to_i420.h"
 
-#include <cstring>
-
+#include "colour/block_copy.h"
+#include "colour/fast_rows.h"
 #include "geometry/wrapping.h"
 
 using pixmoor::ResolveOrientation;
@@ -45,9 +45,9 @@ void YV12ToI420Routine(const CColorXForm* xform, const uint8_t* src, uint8_t* ds
     const int32_t ySize = t->srcYSize;
     const int32_t chromaSize = t->srcChromaSize;
     const int32_t secondPlane = WrapAdd(ySize, chromaSize);
-    std::memcpy(dst, src, static_cast<uint32_t>(ySize));
-    std::memcpy(Step(dst, ySize), Step(src, secondPlane), static_cast<uint32_t>(chromaSize));  // U
-    std::memcpy(Step(dst, secondPlane), Step(src, ySize), static_cast<uint32_t>(chromaSize));  // V
+    CopyBlock(dst, src, static_cast<uint32_t>(ySize));
+    CopyBlock(Step(dst, ySize), Step(src, secondPlane), static_cast<uint32_t>(chromaSize));  // U
+    CopyBlock(Step(dst, secondPlane), Step(src, ySize), static_cast<uint32_t>(chromaSize));  // V
 }
 
 template <class Layout>
@@ -59,12 +59,22 @@ void PackedToI420Routine(const CColorXForm* xform, const uint8_t* src, uint8_t* 
     const int32_t srcLineSize = t->srcLineSize;
     uint8_t* uOut = Step(dst, t->destUOffset);
     uint8_t* vOut = Step(dst, t->destVOffset);
+    // Whole vector blocks of a row pair first, where the processor has
+    // them; the scalar loop below does the pairs left over.
+    const PackedToI420RowKernel fast = FastPackedToI420RowPair(Layout::kYLeft == 1);
     for (int32_t rowPair = 0; rowPair < rowPairs; ++rowPair) {
         const uint8_t* upper = src;
         const uint8_t* lower = Step(src, srcLineSize);
         uint8_t* yUpper = dst;
         uint8_t* yLower = Step(dst, width);
-        for (int32_t pair = 0; pair < pixelPairs; ++pair) {
+        const int32_t done = fast != nullptr ? fast(upper, lower, yUpper, yLower, uOut, vOut, pixelPairs) : 0;
+        upper += 4 * done;
+        lower += 4 * done;
+        yUpper += 2 * done;
+        yLower += 2 * done;
+        uOut += done;
+        vOut += done;
+        for (int32_t pair = done; pair < pixelPairs; ++pair) {
             yUpper[0] = upper[Layout::kYLeft];
             yUpper[1] = upper[Layout::kYRight];
             yLower[0] = lower[Layout::kYLeft];

@@ -8,6 +8,7 @@
 
 #include "size/rgb_scale.h"
 #include "geometry/wrapping.h"
+#include "size/fixed_scalers_avx2.h"
 
 using pixmoor::WrapMul;
 
@@ -72,14 +73,33 @@ inline uint8_t* RepeatLine(uint8_t* lineStart, uint8_t* dst, int32_t outWidth) {
     return dst + static_cast<size_t>(units) * 8;
 }
 
+void DoubleLine(const uint8_t*& src, uint8_t*& dst, int32_t groups) {
+    for (int32_t g = 0; g < groups; ++g, src += 24, dst += 48) DoubleGroup(src, dst);
+}
+
+void HalveLine(const uint8_t*& src, uint8_t*& dst, int32_t groups) {
+    for (int32_t g = 0; g < groups; ++g, src += 48, dst += 24) HalveGroup(src, dst);
+}
+
+const FixedLineKernels kPlainLines = {DoubleLine, HalveLine};
+
+// The widest line kernels the processor allows, chosen once a frame.
+const FixedLineKernels& LineKernels() {
+#if PIXMOOR_HAVE_X86_TARGETS
+    if (pixmoor::isa::Has(pixmoor::isa::kAvx2)) return FixedLineKernelsAvx2();
+#endif
+    return kPlainLines;
+}
+
 }  // namespace
 
 int32_t CSizeXFormRGBScale::ScaleDouble24(CSizeXForm* object, const uint8_t* src, uint8_t* dst) {
     const CSizeXFormRGBScale& s = *static_cast<CSizeXFormRGBScale*>(object);
     const int32_t groups = s.inputSize.cx / 8;
+    const FixedLineKernels& lines = LineKernels();
     for (int32_t line = 0; line < s.inputSize.cy; ++line) {
         uint8_t* lineStart = dst;
-        for (int32_t g = 0; g < groups; ++g, src += 24, dst += 48) DoubleGroup(src, dst);
+        lines.doubleLine(src, dst, groups);
         dst = RepeatLine(lineStart, dst, s.outputSize.cx);
     }
     return 0;
@@ -89,8 +109,9 @@ int32_t CSizeXFormRGBScale::ScaleHalve24(CSizeXForm* object, const uint8_t* src,
     const CSizeXFormRGBScale& s = *static_cast<CSizeXFormRGBScale*>(object);
     const int32_t groups = s.outputSize.cx / 8;
     const int32_t skippedLine = WrapMul(s.inputSize.cx, kPixelBytes);
+    const FixedLineKernels& lines = LineKernels();
     for (int32_t line = 0; line < s.outputSize.cy; ++line) {
-        for (int32_t g = 0; g < groups; ++g, src += 48, dst += 24) HalveGroup(src, dst);
+        lines.halveLine(src, dst, groups);
         src = pixmoor::Step(src, skippedLine);
     }
     return 0;

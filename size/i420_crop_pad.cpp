@@ -5,8 +5,8 @@
 #include <cstring>
 
 #include "geometry/wrapping.h"
+#include "size/i420_crop_pad_avx2.h"
 
-using pixmoor::Step;
 using pixmoor::TruncateToInt32;
 using pixmoor::WrapMul;
 using pixmoor::WrapSub;
@@ -37,29 +37,17 @@ PlaneStrip HalveStrip(const PlaneStrip& luma) {
             luma.topSkipBytes / 2, luma.leftPadBytes / 2, luma.leftSkipBytes / 2};
 }
 
-// A margin: zero fill when there is padding, otherwise a skip of the source.
-inline void WalkMargin(int32_t padBytes, int32_t skipBytes, const uint8_t*& src, uint8_t*& dst) {
-    if (padBytes > 0) {
-        std::memset(dst, 0, static_cast<size_t>(padBytes));
-        dst = Step(dst, padBytes);
-    } else {
-        src = Step(src, skipBytes);
-    }
+// The plain movers of the walk.
+inline void CopyBytes(uint8_t* dst, const uint8_t* src, int32_t bytes) {
+    std::memcpy(dst, src, static_cast<size_t>(bytes));
 }
 
-void WalkStrip(const PlaneStrip& s, const uint8_t*& src, uint8_t*& dst) {
-    WalkMargin(s.topPadBytes, s.topSkipBytes, src, dst);
-    for (int32_t row = 0; row < s.rows; ++row) {
-        WalkMargin(s.leftPadBytes, s.leftSkipBytes, src, dst);
-        if (s.copyBytes > 0) std::memcpy(dst, src, static_cast<size_t>(s.copyBytes));
-        src = Step(src, s.copyBytes);
-        dst = Step(dst, s.copyBytes);
-        WalkMargin(s.leftPadBytes, s.leftSkipBytes, src, dst);
-    }
-    WalkMargin(s.topPadBytes, s.topSkipBytes, src, dst);
-}
+inline void ZeroBytes(uint8_t* dst, int32_t bytes) { std::memset(dst, 0, static_cast<size_t>(bytes)); }
 
 }  // namespace
+
+#define PIXMOOR_CROP_PAD_TARGET
+#include "size/crop_pad_walk.h"
 
 bool CSizeXFormI420CropPad::Init(AbsSIZE in, AbsSIZE out, XFormType type, XFormInterpType interp) {
     if (type == XFormScale) return false;
@@ -85,6 +73,12 @@ bool CSizeXFormI420CropPad::Init(AbsSIZE in, AbsSIZE out, XFormType type, XFormI
 
 int32_t CSizeXFormI420CropPad::CropPadI420(CSizeXForm* object, const uint8_t* src, uint8_t* dst) {
     const CSizeXFormI420CropPad& self = *static_cast<CSizeXFormI420CropPad*>(object);
-    for (int plane = 0; plane < kPlanes; ++plane) WalkStrip(self.strips[plane], src, dst);
+#if PIXMOOR_HAVE_X86_TARGETS
+    if (pixmoor::isa::Has(pixmoor::isa::kAvx2)) {
+        WalkStripsAvx2(self.strips, kPlanes, src, dst);
+        return 0;
+    }
+#endif
+    WalkStrips(self.strips, kPlanes, src, dst);
     return 0;
 }

@@ -57,6 +57,16 @@ uint8_t* RepeatPixel(uint8_t* dst, const uint8_t* pixel, int32_t bytesPerPixel, 
     }
 }
 
+// After the pixels of a line: the source moves over what the runs left
+// unread and the pad; the output's pad is zero.
+void EndLine(const CSizeXFormRGBScale& s, const uint8_t*& src, uint8_t*& dst) {
+    src = Step(src, WrapAdd(s.srcTrailBytes, s.srcLinePad));
+    if (s.dstLinePad != 0) {
+        if (s.dstLinePad > 0) std::memset(dst, 0, static_cast<size_t>(s.dstLinePad));
+        dst = Step(dst, s.dstLinePad);
+    }
+}
+
 // One output line from the current source line, by the pixel run list.
 void ScaleLine(const CSizeXFormRGBScale& s, const uint8_t*& src, uint8_t*& dst) {
     const int32_t bpp = static_cast<int32_t>(s.bytesPerPixel);
@@ -79,11 +89,7 @@ void ScaleLine(const CSizeXFormRGBScale& s, const uint8_t*& src, uint8_t*& dst) 
                 break;  // an empty list: nothing was started
         }
     }
-    src = Step(src, WrapAdd(s.srcTrailBytes, s.srcLinePad));
-    if (s.dstLinePad != 0) {
-        if (s.dstLinePad > 0) std::memset(dst, 0, static_cast<size_t>(s.dstLinePad));
-        dst = Step(dst, s.dstLinePad);
-    }
+    EndLine(s, src, dst);
 }
 
 }  // namespace
@@ -143,6 +149,7 @@ void CSizeXFormRGBScale::PrepareGenericScale(int32_t inWidth, int32_t inHeight, 
     stepX = AccumulatorStep(inWidth, outWidth);
     stepY = AccumulatorStep(inHeight, outHeight);
 
+    pixelMap.Reserve(outWidth);
     FreeRunList(runsX);
     int32_t unconsumedPixels = 0;
     BuildRunList(inWidth, outWidth, stepX, &runsX, &unconsumedPixels);
@@ -151,12 +158,28 @@ void CSizeXFormRGBScale::PrepareGenericScale(int32_t inWidth, int32_t inHeight, 
     BuildRunList(inHeight, outHeight, stepY, &runsY, nullptr);
 }
 
+// One output line through the pixel map: the same bytes and the same
+// pointer movements as ScaleLine's walk of the runs.
+void CSizeXFormRGBScale::MapLine(const CSizeXFormRGBScale& s, const uint8_t*& src, uint8_t*& dst) {
+    dst = s.pixelMap.CopyLine(src, dst);
+    src += static_cast<std::ptrdiff_t>(s.pixelMap.SourceBytes());
+    EndLine(s, src, dst);
+}
+
 int32_t CSizeXFormRGBScale::ScaleGeneric(CSizeXForm* object, const uint8_t* src, uint8_t* dst) {
-    const CSizeXFormRGBScale& s = *static_cast<CSizeXFormRGBScale*>(object);
+    CSizeXFormRGBScale& s = *static_cast<CSizeXFormRGBScale*>(object);
+    // The map is made afresh from the runs each frame, so that it always
+    // stands for the list as it is; where it can't, the runs are walked.
+    const bool mapped = s.pixelMap.Build(s.runsX, static_cast<int32_t>(s.bytesPerPixel), s.srcLineSize);
     for (const ScaleRun* run = s.runsY; run != nullptr; run = run->next) {
         switch (run->kind) {
             case RunCopy:
-                for (int32_t line = 0; line < run->count; ++line) ScaleLine(s, src, dst);
+                for (int32_t line = 0; line < run->count; ++line) {
+                    if (mapped)
+                        MapLine(s, src, dst);
+                    else
+                        ScaleLine(s, src, dst);
+                }
                 break;
             case RunDuplicate:
                 // The line one back is repeated whole, pad bytes included.

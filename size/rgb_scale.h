@@ -7,6 +7,7 @@
 
 #include <pixmoor/size.h>
 
+#include "size/pixel_map.h"
 #include "size/run_list.h"
 
 class CSizeXFormRGBScale : public CSizeXForm {
@@ -44,6 +45,10 @@ public:
 
 private:
     static SizeXFormRoutine FixedRoutineFor(AbsSIZE in, AbsSIZE out);
+    static void MapLine(const CSizeXFormRGBScale& s, const uint8_t*& src, uint8_t*& dst);
+
+    // runsX flattened at the start of each frame, room reserved at Init.
+    PixelMap pixelMap;
 };
 
 #endif

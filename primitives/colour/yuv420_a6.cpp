@@ -18,6 +18,7 @@
 #include "primitives/colour/narrow_arith.h"
 #include "primitives/colour/narrow_sse2.h"
 #include "primitives/colour/tier_finish.h"
+#include "primitives/colour/yuv420_fast_rows.h"
 #include "primitives/colour/yuv420_rows.h"
 
 namespace pixmoor::colour {
@@ -55,7 +56,7 @@ void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
                     const Yuv420Lines<uint8_t>& out, int32_t pairs) {
     const __m128i factors = _mm_loadu_si128(reinterpret_cast<const __m128i*>(kChromaFactors));
     const int32_t mainPairs = pairs & ~3;
-    int32_t j = 0;
+    int32_t j = fast::NarrowToYuv420Leading<In>(top, bottom, out, mainPairs);
     for (; j < mainPairs; j += 4) {
         const int32_t x = 2 * j;
         const Channels t = Load(top, x);
@@ -117,7 +118,7 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
     const InverseLanes factors = a6::LoadInverseLanes(Factors::kLanes);
     const __m128i z = _mm_setzero_si128();
     const int32_t mainPairs = pairs & ~3;
-    int32_t j = 0;
+    int32_t j = fast::NarrowFromYuv420Leading<Out>(in, top, bottom, mainPairs, Factors::kLanes);
     for (; j < mainPairs; j += 4) {
         const int32_t x = 2 * j;
         Prefetch(in.y0 + x);

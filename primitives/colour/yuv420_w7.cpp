@@ -11,7 +11,9 @@
 #include "primitives/colour/narrow_arith.h"
 #include "primitives/colour/narrow_sse2.h"
 #include "primitives/colour/tier_finish.h"
+#include "primitives/colour/yuv420_fast_rows.h"
 #include "primitives/colour/yuv420_rows.h"
+
 
 namespace pixmoor::colour {
 namespace {
@@ -42,7 +44,7 @@ template <class In, class Luma, class NarrowLuma>
 void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
                     const Yuv420Lines<uint8_t>& out, int32_t pairs) {
     const int32_t mainPairs = pairs & ~7;
-    int32_t j = 0;
+    int32_t j = fast::NarrowToYuv420Leading<In>(top, bottom, out, mainPairs);
     for (; j < mainPairs; j += 8) {
         const int32_t x = 2 * j;
         const Pixels16 t = Load(top, x);
@@ -70,8 +72,15 @@ void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
     narrow::ToYuv420Pairs<In, NarrowLuma>(top, bottom, out, j, pairs);
 }
 
-// The w7 inverse factors.
+// The w7 inverse factors, and the same as lanes of a wider main-loop step.
 constexpr narrow::InverseFactors kInverse = {9338, 0, -3227, -4759, 16645};
+alignas(16) const int16_t kInverseLanes[5][8] = {
+    {9338, 9338, 9338, 9338, 9338, 9338, 9338, 9338},
+    {0, 0, 0, 0, 0, 0, 0, 0},
+    {-3227, -3227, -3227, -3227, -3227, -3227, -3227, -3227},
+    {-4759, -4759, -4759, -4759, -4759, -4759, -4759, -4759},
+    {16645, 16645, 16645, 16645, 16645, 16645, 16645, 16645},
+};
 
 void StorePixels(PackedRgbOut::Line line, int32_t x, RgbBytes c) {
     Interleave(c.r, c.g, c.b);
@@ -99,7 +108,7 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
     const InverseLanes factors = Uniform(kInverse);
     const __m128i z = _mm_setzero_si128();
     const int32_t mainPairs = pairs & ~15;
-    int32_t j = 0;
+    int32_t j = fast::NarrowFromYuv420Leading<Out>(in, top, bottom, mainPairs, kInverseLanes);
     for (; j < mainPairs; j += 8) {
         const int32_t x = 2 * j;
         const __m128i du = Centred(_mm_unpacklo_epi8(Load8(in.u + j), z));

@@ -4,18 +4,48 @@
 #define PIXMOOR_PRIMITIVES_COLOUR_YUV420_WIDE_ROWS_H
 
 #include <cstdint>
+#include <type_traits>
 
 #include "primitives/colour/clamp_table.h"
 #include "primitives/colour/image_layouts.h"
 #include "primitives/colour/wide_arith.h"
+#include "primitives/colour/yuv420_fast_rows.h"
 #include "primitives/colour/yuv420_rows.h"
+#include "runtime/isa.h"
 
 namespace pixmoor::colour::wide {
+
+// The leading pairs that a wider-vector form does, where the processor has
+// one; the plain loop does the rest.  Only packed RGB has such forms.
+template <class In>
+int32_t FastToYuv420(typename In::Line top, typename In::Line bottom, const Yuv420Lines<uint8_t>& out,
+                     int32_t pairs) {
+#if PIXMOOR_HAVE_X86_TARGETS
+    if constexpr (std::is_same_v<In, PackedRgbIn>) {
+        if (isa::Has(isa::kAvx512)) return fast::WideToYuv420Avx512(top, bottom, out, pairs);
+        if (isa::Has(isa::kAvx2)) return fast::WideToYuv420Avx2(top, bottom, out, pairs);
+    }
+#endif
+    (void)top, (void)bottom, (void)out, (void)pairs;
+    return 0;
+}
+template <class Out>
+int32_t FastFromYuv420(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
+                       typename Out::Line bottom, int32_t pairs) {
+#if PIXMOOR_HAVE_X86_TARGETS
+    if constexpr (std::is_same_v<Out, PackedRgbOut>) {
+        if (isa::Has(isa::kAvx512)) return fast::WideFromYuv420Avx512(in, top, bottom, pairs);
+        if (isa::Has(isa::kAvx2)) return fast::WideFromYuv420Avx2(in, top, bottom, pairs);
+    }
+#endif
+    (void)in, (void)top, (void)bottom, (void)pairs;
+    return 0;
+}
 
 template <const ClampTable& Clamp, class In>
 void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
                     const Yuv420Lines<uint8_t>& out, int32_t pairs) {
-    for (int32_t j = 0; j < pairs; ++j) {
+    for (int32_t j = FastToYuv420<In>(top, bottom, out, pairs); j < pairs; ++j) {
         const Rgb p0 = In::Pixel(top, 2 * j);
         const Rgb p1 = In::Pixel(top, 2 * j + 1);
         const Rgb p2 = In::Pixel(bottom, 2 * j);
@@ -34,7 +64,7 @@ void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
 template <const ClampTable& Clamp, class Out>
 void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
                       typename Out::Line bottom, int32_t pairs) {
-    for (int32_t j = 0; j < pairs; ++j) {
+    for (int32_t j = FastFromYuv420<Out>(in, top, bottom, pairs); j < pairs; ++j) {
         const ChromaTerms t = Terms(in.u[j], in.v[j]);
         Out::Store(top, 2 * j, ToRgb(Clamp, in.y0[2 * j], t));
         Out::Store(top, 2 * j + 1, ToRgb(Clamp, in.y0[2 * j + 1], t));

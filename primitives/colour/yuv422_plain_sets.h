@@ -7,6 +7,7 @@
 #include "primitives/colour/clamp_table.h"
 #include "primitives/colour/tier_finish.h"
 #include "primitives/colour/yuv422_arith.h"
+#include "primitives/colour/yuv422_fast_rows.h"
 #include "primitives/colour/yuv422_plain_rows.h"
 #include "primitives/colour/yuv422_rows.h"
 
@@ -26,9 +27,22 @@ constexpr Yuv422Rows MakePlainRows(TierFinish finish) {
     };
 }
 
+// Packed 4:2:2 to packed RGB in the wide arithmetic: the leading pixels in
+// a wider-vector form where the processor has one, the rest in plain code.
+template <const ClampTable& Clamp>
+void WidePackedToRgb(Packed422In::Line in, PackedRgbOut::Line out, int32_t count) {
+    int32_t done = 0;
+#if PIXMOOR_HAVE_X86_TARGETS
+    done = fast::Packed422Leading(&fast::WidePacked422ToRgbAvx512, &fast::WidePacked422ToRgbAvx2, in, out, count);
+#endif
+    FromYuv422From<WideInverse<Clamp>, Packed422In, PackedRgbOut>(in, out, done >> 1, count);
+}
+
 template <const ClampTable& Clamp>
 constexpr Yuv422Rows MakeWideRows() {
-    return MakePlainRows<WideForward<Clamp>, WideInverse<Clamp>, WideInverse<Clamp>>(&FinishPlain);
+    Yuv422Rows rows = MakePlainRows<WideForward<Clamp>, WideInverse<Clamp>, WideInverse<Clamp>>(&FinishPlain);
+    rows.packedToRgb = &WidePackedToRgb<Clamp>;
+    return rows;
 }
 
 }  // namespace pixmoor::colour::yuv422

@@ -18,9 +18,11 @@
 #include <emmintrin.h>
 
 #include <cstdint>
+#include <type_traits>
 
 #include "primitives/colour/narrow_sse2.h"
 #include "primitives/colour/yuv422_arith.h"
+#include "primitives/colour/yuv422_fast_rows.h"
 #include "primitives/colour/yuv422_layouts.h"
 #include "primitives/colour/yuv422_plain_rows.h"
 #include "primitives/colour/yuv422_rows.h"
@@ -156,11 +158,23 @@ void StoreRgb(const RgbPlanesOut::Line& line, int32_t x, const RgbBytes& c) {
     Store8(line.b + x, c.b);
 }
 
+// The leading pixels of the main loop done with wider vectors, where the
+// processor has them (packed 4:2:2 to packed RGB only).
+template <class In, class Out>
+int32_t FastPixels(typename In::Line in, typename Out::Line out, int32_t mainPixels) {
+#if PIXMOOR_HAVE_X86_TARGETS
+    if constexpr (std::is_same_v<In, Packed422In> && std::is_same_v<Out, PackedRgbOut>)
+        return fast::Packed422Leading(&fast::NarrowPacked422ToRgbAvx512, &fast::NarrowPacked422ToRgbAvx2, in, out, mainPixels);
+#endif
+    (void)in, (void)out, (void)mainPixels;
+    return 0;
+}
+
 template <class Tier, class In, class Out, class Lone>
 void FromYuv422Kernel(typename In::Line in, typename Out::Line out, int32_t count) {
     const InverseLanes factors = Uniform(yuv422::kInverse);
     const int32_t mainPixels = count & ~7;
-    int32_t x = 0;
+    int32_t x = FastPixels<In, Out>(in, out, mainPixels);
     for (; x < mainPixels; x += 8) {
         const Inverse8In s = LoadYuv<Tier>(in, x);
         const InverseTerms t = Terms(s.du, s.dv, factors);

@@ -14,6 +14,7 @@
 
 #include "primitives/colour/narrow_sse2.h"
 #include "primitives/colour/yuv444_driver.h"
+#include "primitives/colour/yuv444_fast_rows.h"
 #include "primitives/colour/yuv444_narrow.h"
 
 namespace pixmoor::colour::sse2 {
@@ -299,7 +300,13 @@ void BlockRow(typename In::Line in, typename Out::Line out, int32_t count, const
 template <class Tier, class Store>
 void YuvaToRgbaRow(const uint8_t* in, uint8_t* out, int32_t count) {
     const VectorToRgbAlpha compute{};
-    int32_t x = Blocks<8, Tier, Packed4In, Packed4Out, Store>(in, out, 0, count & ~7, compute);
+    int32_t x = 0;
+#if PIXMOOR_HAVE_X86_TARGETS
+    // Wider vectors where the processor has them; every block size here
+    // shares the arithmetic.
+    x = fast::RgbaLeading(&fast::NarrowYuvaToRgbaAvx512, &fast::NarrowYuvaToRgbaAvx2, in, out, count & ~7);
+#endif
+    x = Blocks<8, Tier, Packed4In, Packed4Out, Store>(in, out, x, count & ~7, compute);
     x = Blocks<4, Tier, Packed4In, Packed4Out, Store>(in, out, x, count & ~3, compute);
     ConvertPixels<Packed4In, Packed4Out, narrow444::ToRgbAlpha>(in, out, x, count);
 }

@@ -16,6 +16,7 @@
 #include "primitives/colour/clamp_table.h"
 #include "primitives/colour/wide_arith.h"
 #include "primitives/colour/yuv444_driver.h"
+#include "primitives/colour/yuv444_fast_rows.h"
 
 namespace pixmoor::colour::wide {
 
@@ -48,6 +49,17 @@ struct PixelToRgb {
     }
 };
 
+// ImgYUVAToRGBA's row: the leading pixels in a wider-vector form where the
+// processor has one, the rest in plain code.
+template <class FromPacked>
+void YuvaToRgbaRow(Packed4In::Line in, Packed4Out::Line out, int32_t count) {
+    int32_t done = 0;
+#if PIXMOOR_HAVE_X86_TARGETS
+    done = fast::RgbaLeading(&fast::WideYuvaToRgbaAvx512, &fast::WideYuvaToRgbaAvx2, in, out, count);
+#endif
+    ConvertPixels<Packed4In, Packed4Out, FromPacked>(in, out, done, count);
+}
+
 template <const ClampTable& Clamp>
 constexpr Yuv444Rows MakeYuv444Rows(TierFinish finish) {
     using ToYuv = PixelToYuv<Clamp>;
@@ -56,7 +68,7 @@ constexpr Yuv444Rows MakeYuv444Rows(TierFinish finish) {
     return Yuv444Rows{
         &ConvertRow<Packed3In, Packed3Out, ToYuv>,     &ConvertRow<Packed4In, Packed4Out, ToYuv>,
         &ConvertRow<PlanesIn, PlanesOut, ToYuv>,       &ConvertRow<Packed3In, PlanesOut, ToYuv>,
-        &ConvertRow<Packed3In, Packed3Out, FromPacked>, &ConvertRow<Packed4In, Packed4Out, FromPacked>,
+        &ConvertRow<Packed3In, Packed3Out, FromPacked>, &YuvaToRgbaRow<FromPacked>,
         &ConvertRow<PlanesIn, PlanesOut, FromPlanes>,  &ConvertRow<PlanesIn, Packed3Out, FromPlanes>,
         finish,
     };

@@ -1,6 +1,8 @@
 // The wrappers' argument checks and the drivers that walk the lines.
 #include "primitives/mirror/mirror_driver.h"
 
+#include "primitives/mirror/mirror_fast_kernels.h"
+
 namespace pixmoor::mirror {
 namespace {
 
@@ -31,6 +33,12 @@ int32_t Flag(const Tier& tier, FlagRule rule, int32_t height, int32_t srcStep) {
     return static_cast<int64_t>(height) * srcStep > kStreamingThreshold ? 1 : 0;
 }
 
+// The wide kernels stream by the size of the picture they write, in every
+// tier alike.
+int32_t WideStreamingFlag(const LayoutInfo& info, int32_t width, int32_t height) {
+    return static_cast<int64_t>(width) * info.pixelBytes * height > kWideStreamingBytes ? 1 : 0;
+}
+
 }  // namespace
 
 PrimStatus MirrorToDestination(const Tier& tier, Layout layout, const void* src, int32_t srcStep, void* dst,
@@ -39,14 +47,16 @@ PrimStatus MirrorToDestination(const Tier& tier, Layout layout, const void* src,
     if (status != PrimStatusOk) return status;
 
     const LayoutInfo& info = kLayouts[layout];
-    const RowKernels& kernels = tier.kernels[layout];
+    const RowKernels* wide = WideKernels(layout);
+    const RowKernels& kernels = wide != nullptr ? *wide : tier.kernels[layout];
     const auto* from = static_cast<const uint8_t*>(src);
     auto* to = static_cast<uint8_t*>(dst);
     const int32_t fromStep = srcStep & info.stepMask;
     const int32_t toStep = dstStep & info.stepMask;
 
     if (axis == MirrorHorizontalAxis) {
-        const int32_t flag = Flag(tier, info.copyRowFlag, height, srcStep);
+        const int32_t flag = wide != nullptr ? WideStreamingFlag(info, width, height)
+                                             : Flag(tier, info.copyRowFlag, height, srcStep);
         for (int32_t i = 0; i < height; ++i)
             kernels.copyRow(Line(from, fromStep, i), Line(to, toStep, height - 1 - i), width, flag);
         return PrimStatusOk;
@@ -65,7 +75,8 @@ PrimStatus MirrorInPlace(const Tier& tier, Layout layout, void* srcDst, int32_t 
     if (status != PrimStatusOk) return status;
 
     const LayoutInfo& info = kLayouts[layout];
-    const RowKernels& kernels = tier.kernels[layout];
+    const RowKernels* wide = WideKernels(layout);
+    const RowKernels& kernels = wide != nullptr ? *wide : tier.kernels[layout];
     auto* image = static_cast<uint8_t*>(srcDst);
     const int32_t lineStep = step & info.stepMask;
     const int32_t half = width / 2;

@@ -151,6 +151,13 @@ inline std::vector<int64_t> DefaultPitchRowStarts(uint32_t destPitch, int lineSi
     return starts;
 }
 
+// Widths (multiples of 4, as Init requires) below, at and around the
+// vector blocks of the scalar roads' fast rows (16, 32 and 64 pixels by
+// road and instruction set), with scalar tails of every length.
+inline std::vector<int> FastRowWidths() {
+    return {4, 8, 12, 16, 20, 28, 32, 36, 44, 48, 52, 60, 64, 68, 76, 96, 100, 124, 128, 132};
+}
+
 }  // namespace colour_test
 
 #endif

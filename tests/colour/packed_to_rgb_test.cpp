@@ -3,6 +3,7 @@
 // and orientation.
 #include "guarded_buffer.h"
 #include "colour_test_util.h"
+#include "isa_levels.h"
 
 using namespace colour_test;
 using pixmoor_test::GuardedBuffer;
@@ -42,34 +43,36 @@ std::vector<uint8_t> Rgb24(int yLeft, int u, int yRight, int v) { return Convert
 // k carries chroma (k >> 7) and the lumas 2(k & 127) and 2(k & 127) + 1, so
 // 2^23 pairs cover every triple; they go through in slices of 256 rows.
 TEST(PackedToRgb, EveryTripleMatchesTheModel) {
-    const int width = 4096, height = 256, pairsPerSlice = width / 2 * height;
-    const std::pair<uint32_t, uint32_t> roads[] = {
-        {FCC_YUY2, FCC_RG32}, {FCC_UYVY, FCC_RG24}, {FCC_YUY2, FCC_RG55}, {FCC_UYVY, FCC_RG56}};
-    for (const auto& [src, dest] : roads) {
-        XFormPtr x = Ready(src, dest, width, height, kTopDown, kTopDown);
-        const int bpp = BytesPerPixel(dest);
-        std::vector<uint8_t> frame(size_t(pairsPerSlice) * 4);
-        std::vector<uint8_t> out(x->DestBufferSize());
-        int64_t mismatches = 0;
-        for (int slice = 0; slice < (1 << 23) / pairsPerSlice; ++slice) {
-            for (int i = 0; i < pairsPerSlice; ++i) {
-                const int k = slice * pairsPerSlice + i;
-                const int uv = k >> 7, y = 2 * (k & 127);
-                PutPair(src, &frame[4 * size_t(i)], y, uv >> 8, y + 1, uv & 255);
-            }
-            x->XForm(frame.data(), out.data(), 0);
-            for (int i = 0; i < pairsPerSlice; ++i) {
-                const int k = slice * pairsPerSlice + i;
-                const int uv = k >> 7, y = 2 * (k & 127);
-                for (int side = 0; side < 2; ++side) {
-                    const Pixel p = ModelYuv(y + side, uv >> 8, uv & 255);
-                    if (!StoredAs(dest, &out[(2 * size_t(i) + side) * bpp], p, true) && mismatches++ == 0)
-                        ADD_FAILURE() << "Y " << y + side << " U " << (uv >> 8) << " V " << (uv & 255);
+    pixmoor_test::ForEachIsaLevel([&] {
+        const int width = 4096, height = 256, pairsPerSlice = width / 2 * height;
+        const std::pair<uint32_t, uint32_t> roads[] = {
+            {FCC_YUY2, FCC_RG32}, {FCC_UYVY, FCC_RG24}, {FCC_YUY2, FCC_RG55}, {FCC_UYVY, FCC_RG56}};
+        for (const auto& [src, dest] : roads) {
+            XFormPtr x = Ready(src, dest, width, height, kTopDown, kTopDown);
+            const int bpp = BytesPerPixel(dest);
+            std::vector<uint8_t> frame(size_t(pairsPerSlice) * 4);
+            std::vector<uint8_t> out(x->DestBufferSize());
+            int64_t mismatches = 0;
+            for (int slice = 0; slice < (1 << 23) / pairsPerSlice; ++slice) {
+                for (int i = 0; i < pairsPerSlice; ++i) {
+                    const int k = slice * pairsPerSlice + i;
+                    const int uv = k >> 7, y = 2 * (k & 127);
+                    PutPair(src, &frame[4 * size_t(i)], y, uv >> 8, y + 1, uv & 255);
+                }
+                x->XForm(frame.data(), out.data(), 0);
+                for (int i = 0; i < pairsPerSlice; ++i) {
+                    const int k = slice * pairsPerSlice + i;
+                    const int uv = k >> 7, y = 2 * (k & 127);
+                    for (int side = 0; side < 2; ++side) {
+                        const Pixel p = ModelYuv(y + side, uv >> 8, uv & 255);
+                        if (!StoredAs(dest, &out[(2 * size_t(i) + side) * bpp], p, true) && mismatches++ == 0)
+                            ADD_FAILURE() << "Y " << y + side << " U " << (uv >> 8) << " V " << (uv & 255);
+                    }
                 }
             }
+            EXPECT_EQ(mismatches, 0) << std::hex << src << " -> " << dest;
         }
-        EXPECT_EQ(mismatches, 0) << std::hex << src << " -> " << dest;
-    }
+    });
 }
 
 TEST(PackedToRgb, NeutralChromaKeepsTheLumaRange) {
@@ -121,11 +124,15 @@ TEST(PackedToRgb, SourceLayouts) {
     EXPECT_EQ(std::vector<uint8_t>(out.begin(), out.begin() + 6), (std::vector<uint8_t>{100, 100, 100, 0, 0, 0}));
 }
 
-// Where rows land, for every road, orientation and pitch; bytes outside the
-// rows stay untouched.
+// Where rows land, for every road, orientation, pitch and width (vector
+// blocks and scalar tails), at every instruction-set level; bytes outside
+// the rows stay untouched.
 TEST(PackedToRgb, RowsLandWherePitchAndOrientationSay) {
-    const int w = 8, h = 4;
-    const std::vector<uint8_t> frame = pixmoor_test::RandomBytes(2 * w * h, 7);
+  pixmoor_test::ForEachIsaLevel([] {
+   for (int w : FastRowWidths()) {
+    const int h = 4;
+    SCOPED_TRACE(w);
+    const std::vector<uint8_t> frame = pixmoor_test::RandomBytes(2 * w * h, 7 + w);
     for (uint32_t src : kSources) {
         for (uint32_t dest : kDests) {
             const int line = w * BytesPerPixel(dest);
@@ -150,6 +157,8 @@ TEST(PackedToRgb, RowsLandWherePitchAndOrientationSay) {
             }
         }
     }
+   }
+  });
 }
 
 TEST(PackedToRgb, WorkedPitchOfOneHundred) {
@@ -181,31 +190,35 @@ TEST(PackedToRgb, SixteenBitRowsAreContiguousWhateverThePitch) {
 }
 
 TEST(PackedToRgb, ZeroSizeWritesNothing) {
-    for (uint32_t src : kSources) {
-        for (uint32_t dest : kDests) {
-            // A transform of zero size, and one whose first Init failed the
-            // size test (its routine and line size are set, its size is 0 by 0).
-            XFormPtr zero = Ready(src, dest, 0, 0, kTopDown, kBottomUp);
-            XFormPtr failed = Create(src, dest);
-            EXPECT_FALSE(failed->Init(AbsSIZE(322, 240), kDefault, kDefault));
-            for (CColorXForm* x : {zero.get(), failed.get()}) {
-                for (uint32_t pitch : {0u, 100u}) {
-                    GuardedBuffer buf(0);
-                    const uint8_t src1[4] = {1, 2, 3, 4};
-                    x->XForm(src1, buf.data(), pitch);
-                    EXPECT_TRUE(buf.GuardsIntact());
+    pixmoor_test::ForEachIsaLevel([&] {
+        for (uint32_t src : kSources) {
+            for (uint32_t dest : kDests) {
+                // A transform of zero size, and one whose first Init failed the
+                // size test (its routine and line size are set, its size is 0 by 0).
+                XFormPtr zero = Ready(src, dest, 0, 0, kTopDown, kBottomUp);
+                XFormPtr failed = Create(src, dest);
+                EXPECT_FALSE(failed->Init(AbsSIZE(322, 240), kDefault, kDefault));
+                for (CColorXForm* x : {zero.get(), failed.get()}) {
+                    for (uint32_t pitch : {0u, 100u}) {
+                        GuardedBuffer buf(0);
+                        const uint8_t src1[4] = {1, 2, 3, 4};
+                        x->XForm(src1, buf.data(), pitch);
+                        EXPECT_TRUE(buf.GuardsIntact());
+                    }
                 }
             }
         }
-    }
+    });
 }
 
 TEST(PackedToRgb, ARowOfWidthBelowTwoWritesNothing) {
-    // Width 0 with a height: every row is empty; the pointer moves but
-    // nothing is written.
-    XFormPtr x = Ready(FCC_YUY2, FCC_RG24, 0, 8, kTopDown, kBottomUp);
-    GuardedBuffer buf(0);
-    const uint8_t src1[4] = {1, 2, 3, 4};
-    x->XForm(src1, buf.data(), 0);
-    EXPECT_TRUE(buf.GuardsIntact());
+    pixmoor_test::ForEachIsaLevel([&] {
+        // Width 0 with a height: every row is empty; the pointer moves but
+        // nothing is written.
+        XFormPtr x = Ready(FCC_YUY2, FCC_RG24, 0, 8, kTopDown, kBottomUp);
+        GuardedBuffer buf(0);
+        const uint8_t src1[4] = {1, 2, 3, 4};
+        x->XForm(src1, buf.data(), 0);
+        EXPECT_TRUE(buf.GuardsIntact());
+    });
 }

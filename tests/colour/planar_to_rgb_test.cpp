@@ -4,6 +4,7 @@
 #include <string>
 
 #include "colour/planar_to_rgb.h"
+#include "isa_levels.h"
 #include "primitive_roads.h"
 
 using namespace colour_test;
@@ -330,6 +331,26 @@ TEST(PlanarToRgb, AFailedPrimitiveLeavesTheBufferAndTheLoopRunsOn) {
     }
 }
 
+// The expansion and packing loops of "RG32", "RG55" and "RG56" at every
+// instruction-set level: vector blocks and scalar tails, tight rows, the
+// pitches with a gap and without a default.
+TEST(PlanarToRgb, LoopsGiveTheModelAtEveryLevel) {
+    PlayedTier played(PrimTierPx);
+    pixmoor_test::ForEachIsaLevel([] {
+        uint32_t seed = 40;
+        for (int w : FastRowWidths()) {
+            const YuvFrame f = RandomYuv(w, 4, seed++);
+            for (uint32_t dest : {FCC_RG32, FCC_RG55, FCC_RG56}) {
+                const uint32_t tight = static_cast<uint32_t>(BytesPerPixel(dest) * w);
+                for (uint32_t pitch : {tight, 0u, tight + 6, uint32_t(-int32_t(tight))}) {
+                    SCOPED_TRACE(Name(dest) + " " + std::to_string(w) + " pitch " + std::to_string(int32_t(pitch)));
+                    ExpectModel(Convert(FCC_I420, dest, f, PrimTierPx, pitch));
+                }
+            }
+        }
+    });
+}
+
 // A zero size passes Init.  The primitive then refuses it, "RG24" writes
 // nothing at all, and the loops of the other three still run one round:
 // one pixel, whose bytes come from the empty buffer; "RG32" sets its
@@ -337,6 +358,7 @@ TEST(PlanarToRgb, AFailedPrimitiveLeavesTheBufferAndTheLoopRunsOn) {
 TEST(PlanarToRgb, ZeroSizeWritesOnePixelOnlyThroughTheLoops) {
     PlayedTier played(PrimTierW7);
     const std::vector<uint8_t> frame(16, 0x80);
+    pixmoor_test::ForEachIsaLevel([&] {
     for (uint32_t dest : kPlanarDests) {
         SCOPED_TRACE(Name(dest));
         XFormPtr x = Ready(FCC_I420, dest, 0, 0);
@@ -351,6 +373,7 @@ TEST(PlanarToRgb, ZeroSizeWritesOnePixelOnlyThroughTheLoops) {
         }
         EXPECT_TRUE(buf.GuardsIntact());
     }
+    });
 }
 
 TEST(PlanarToRgb, DestBufferSize) {

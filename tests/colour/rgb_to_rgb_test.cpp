@@ -2,6 +2,7 @@
 // their flip and pitch rules.
 #include "guarded_buffer.h"
 #include "colour_test_util.h"
+#include "isa_levels.h"
 
 using namespace colour_test;
 using pixmoor_test::GuardedBuffer;
@@ -125,41 +126,48 @@ TEST(RgbCopy, AfterAFailedFirstInitTheBlockIsTheComputedBufferSize) {
 }
 
 TEST(RgbRepack, WorkedValues) {
-    EXPECT_EQ(Repack(FCC_RG55, 255, 255, 255), (std::vector<uint8_t>{0xFF, 0x7F}));
-    EXPECT_EQ(Repack(FCC_RG55, 0, 7, 0), (std::vector<uint8_t>{0, 0}));
-    EXPECT_EQ(Repack(FCC_RG55, 239, 239, 239), (std::vector<uint8_t>{0xBD, 0x77}));
-    EXPECT_EQ(Repack(FCC_RG55, 8, 0, 0), (std::vector<uint8_t>{0x01, 0}));
-    EXPECT_EQ(Repack(FCC_RG55, 0, 8, 0), (std::vector<uint8_t>{0x20, 0}));
-    EXPECT_EQ(Repack(FCC_RG55, 0, 0, 8), (std::vector<uint8_t>{0, 0x04}));
-    EXPECT_EQ(Repack(FCC_RG56, 0, 4, 0), (std::vector<uint8_t>{0x20, 0}));
-    EXPECT_EQ(Repack(FCC_RG56, 255, 255, 255), (std::vector<uint8_t>{0xFF, 0xFF}));
-    EXPECT_EQ(Repack(FCC_RG56, 7, 3, 7), (std::vector<uint8_t>{0, 0}));
-    EXPECT_EQ(Repack(FCC_RG56, 0, 0, 8), (std::vector<uint8_t>{0, 0x08}));
-    EXPECT_EQ(Repack(FCC_RG32, 1, 2, 3), (std::vector<uint8_t>{1, 2, 3, 0}));  // over a buffer of 0xFF
+    pixmoor_test::ForEachIsaLevel([&] {
+        EXPECT_EQ(Repack(FCC_RG55, 255, 255, 255), (std::vector<uint8_t>{0xFF, 0x7F}));
+        EXPECT_EQ(Repack(FCC_RG55, 0, 7, 0), (std::vector<uint8_t>{0, 0}));
+        EXPECT_EQ(Repack(FCC_RG55, 239, 239, 239), (std::vector<uint8_t>{0xBD, 0x77}));
+        EXPECT_EQ(Repack(FCC_RG55, 8, 0, 0), (std::vector<uint8_t>{0x01, 0}));
+        EXPECT_EQ(Repack(FCC_RG55, 0, 8, 0), (std::vector<uint8_t>{0x20, 0}));
+        EXPECT_EQ(Repack(FCC_RG55, 0, 0, 8), (std::vector<uint8_t>{0, 0x04}));
+        EXPECT_EQ(Repack(FCC_RG56, 0, 4, 0), (std::vector<uint8_t>{0x20, 0}));
+        EXPECT_EQ(Repack(FCC_RG56, 255, 255, 255), (std::vector<uint8_t>{0xFF, 0xFF}));
+        EXPECT_EQ(Repack(FCC_RG56, 7, 3, 7), (std::vector<uint8_t>{0, 0}));
+        EXPECT_EQ(Repack(FCC_RG56, 0, 0, 8), (std::vector<uint8_t>{0, 0x08}));
+        EXPECT_EQ(Repack(FCC_RG32, 1, 2, 3), (std::vector<uint8_t>{1, 2, 3, 0}));  // over a buffer of 0xFF
+    });
 }
 
 TEST(RgbRepack, EveryChannelValue) {
-    // Each byte value in each of the three positions, against the model.
-    const int w = 256, h = 4;
-    for (uint32_t dest : kRepackDests) {
-        XFormPtr x = Ready(FCC_RG24, dest, w, h, kTopDown, kTopDown);
-        std::vector<uint8_t> frame(3 * w * h);
-        for (int r = 0; r < h; ++r)
-            for (int i = 0; i < w; ++i) {
-                uint8_t* p = &frame[3 * (r * w + i)];
-                p[0] = uint8_t(r == 0 || r == 3 ? i : 255 - i);
-                p[1] = uint8_t(r == 1 || r == 3 ? i : 37 * i);
-                p[2] = uint8_t(r == 2 || r == 3 ? i : 101 * i + 3);
-            }
-        std::vector<uint8_t> out(x->DestBufferSize(), 0xFF);
-        x->XForm(frame.data(), out.data(), 0);
-        EXPECT_EQ(out, ModelRepackRows(dest, frame.data(), w, h)) << std::hex << dest;
-    }
+    pixmoor_test::ForEachIsaLevel([&] {
+        // Each byte value in each of the three positions, against the model.
+        const int w = 256, h = 4;
+        for (uint32_t dest : kRepackDests) {
+            XFormPtr x = Ready(FCC_RG24, dest, w, h, kTopDown, kTopDown);
+            std::vector<uint8_t> frame(3 * w * h);
+            for (int r = 0; r < h; ++r)
+                for (int i = 0; i < w; ++i) {
+                    uint8_t* p = &frame[3 * (r * w + i)];
+                    p[0] = uint8_t(r == 0 || r == 3 ? i : 255 - i);
+                    p[1] = uint8_t(r == 1 || r == 3 ? i : 37 * i);
+                    p[2] = uint8_t(r == 2 || r == 3 ? i : 101 * i + 3);
+                }
+            std::vector<uint8_t> out(x->DestBufferSize(), 0xFF);
+            x->XForm(frame.data(), out.data(), 0);
+            EXPECT_EQ(out, ModelRepackRows(dest, frame.data(), w, h)) << std::hex << dest;
+        }
+    });
 }
 
 TEST(RgbRepack, RowsLandWherePitchAndOrientationSay) {
-    const int w = 8, h = 4;
-    const std::vector<uint8_t> frame = RandomBytes(3 * w * h, 21);
+  pixmoor_test::ForEachIsaLevel([] {
+   for (int w : FastRowWidths()) {
+    const int h = 4;
+    SCOPED_TRACE(w);
+    const std::vector<uint8_t> frame = RandomBytes(3 * w * h, 21 + w);
     for (uint32_t dest : kRepackDests) {
         const int line = w * BytesPerPixel(dest);
         const std::vector<uint8_t> tight = ModelRepackRows(dest, frame.data(), w, h);
@@ -180,20 +188,24 @@ TEST(RgbRepack, RowsLandWherePitchAndOrientationSay) {
             }
         }
     }
+   }
+  });
 }
 
 // These loops count down and test at the end of a round, so a zero count is
 // no empty picture: a transform of size 0 by 0 still stores one pixel, at the
 // destination's first byte (the pitch defaults to the line size, 0).
 TEST(RgbRepack, ZeroSizeStillStoresOnePixel) {
-    const uint8_t pixel[3] = {8, 16, 24};
-    for (uint32_t dest : kRepackDests) {
-        for (auto dO : {kDefault, kTopDown}) {
-            XFormPtr x = Ready(FCC_RG24, dest, 0, 0, kDefault, dO);
-            GuardedBuffer buf(BytesPerPixel(dest), 0xFF);
-            x->XForm(pixel, buf.data(), 0);
-            EXPECT_EQ(buf.Contents(), ModelRepackRows(dest, pixel, 1, 1));
-            EXPECT_TRUE(buf.GuardsIntact());
+    pixmoor_test::ForEachIsaLevel([&] {
+        const uint8_t pixel[3] = {8, 16, 24};
+        for (uint32_t dest : kRepackDests) {
+            for (auto dO : {kDefault, kTopDown}) {
+                XFormPtr x = Ready(FCC_RG24, dest, 0, 0, kDefault, dO);
+                GuardedBuffer buf(BytesPerPixel(dest), 0xFF);
+                x->XForm(pixel, buf.data(), 0);
+                EXPECT_EQ(buf.Contents(), ModelRepackRows(dest, pixel, 1, 1));
+                EXPECT_TRUE(buf.GuardsIntact());
+            }
         }
-    }
+    });
 }

@@ -2,6 +2,7 @@
 // 4:2:2 sources.
 #include "guarded_buffer.h"
 #include "colour_test_util.h"
+#include "isa_levels.h"
 
 using namespace colour_test;
 using pixmoor_test::GuardedBuffer;
@@ -82,39 +83,48 @@ TEST(YV12ToI420, ZeroSizeWritesNothing) {
     EXPECT_TRUE(buf.GuardsIntact());
 }
 
+// Vector blocks and scalar tails at every instruction-set level.
 TEST(PackedToI420, RandomFramesMatchTheModel) {
-    for (uint32_t src : {FCC_YUY2, FCC_UYVY})
-        for (auto [w, h] : {std::pair{4, 4}, std::pair{8, 4}, std::pair{4, 12}, std::pair{176, 144}, std::pair{320, 240},
-                            std::pair{36, 20}}) {
-            const std::vector<uint8_t> frame = RandomBytes(2 * w * h, w * 31 + h);
-            EXPECT_EQ(ConvertPacked(src, frame, w, h), ModelPackedToI420(src, frame, w, h)) << w << "x" << h;
-        }
+    std::vector<std::pair<int, int>> sizes = {{4, 12}, {176, 144}, {320, 240}, {36, 20}};
+    for (int w : FastRowWidths()) sizes.push_back({w, 4});
+    pixmoor_test::ForEachIsaLevel([&] {
+        for (uint32_t src : {FCC_YUY2, FCC_UYVY})
+            for (auto [w, h] : sizes) {
+                const std::vector<uint8_t> frame = RandomBytes(2 * w * h, w * 31 + h);
+                EXPECT_EQ(ConvertPacked(src, frame, w, h), ModelPackedToI420(src, frame, w, h)) << w << "x" << h;
+            }
+    });
 }
 
 TEST(PackedToI420, ChromaAveragesAreCutNotRounded) {
-    for (uint32_t src : {FCC_YUY2, FCC_UYVY}) {
-        const PairLayout L = LayoutOf(src);
-        std::vector<uint8_t> frame(2 * 4 * 4, 50);
-        // Column of the first pair: U 1 over 2; second pair: U 255 over 255;
-        // V 3 over 0.
-        frame[L.u] = 1, frame[8 + L.u] = 2;
-        frame[4 + L.u] = 255, frame[12 + L.u] = 255;
-        frame[L.v] = 3, frame[8 + L.v] = 0;
-        const std::vector<uint8_t> out = ConvertPacked(src, frame, 4, 4);
-        EXPECT_EQ(out[16], 1);
-        EXPECT_EQ(out[17], 255);
-        EXPECT_EQ(out[20], 1);
-    }
+    pixmoor_test::ForEachIsaLevel([&] {
+        for (uint32_t src : {FCC_YUY2, FCC_UYVY}) {
+            const PairLayout L = LayoutOf(src);
+            std::vector<uint8_t> frame(2 * 4 * 4, 50);
+            // Column of the first pair: U 1 over 2; second pair: U 255 over 255;
+            // V 3 over 0.
+            frame[L.u] = 1, frame[8 + L.u] = 2;
+            frame[4 + L.u] = 255, frame[12 + L.u] = 255;
+            frame[L.v] = 3, frame[8 + L.v] = 0;
+            const std::vector<uint8_t> out = ConvertPacked(src, frame, 4, 4);
+            EXPECT_EQ(out[16], 1);
+            EXPECT_EQ(out[17], 255);
+            EXPECT_EQ(out[20], 1);
+        }
+    });
 }
 
 TEST(PackedToI420, SecondRowChromaIsNeverDropped) {
-    // Even rows U = 0, odd rows U = 200: U = 100 throughout.
-    const int w = 16, h = 8;
-    std::vector<uint8_t> frame(2 * w * h, 128);
-    for (int r = 0; r < h; ++r)
-        for (int p = 0; p < w / 2; ++p) frame[2 * w * r + 4 * p + 1] = uint8_t(r % 2 ? 200 : 0);
-    const std::vector<uint8_t> out = ConvertPacked(FCC_YUY2, frame, w, h);
-    for (int i = 0; i < w * h / 4; ++i) EXPECT_EQ(out[w * h + i], 100);
+    pixmoor_test::ForEachIsaLevel([&] {
+        // Even rows U = 0, odd rows U = 200: U = 100 throughout (a vector
+        // block and a scalar tail a row).
+        const int w = 72, h = 8;
+        std::vector<uint8_t> frame(2 * w * h, 128);
+        for (int r = 0; r < h; ++r)
+            for (int p = 0; p < w / 2; ++p) frame[2 * w * r + 4 * p + 1] = uint8_t(r % 2 ? 200 : 0);
+        const std::vector<uint8_t> out = ConvertPacked(FCC_YUY2, frame, w, h);
+        for (int i = 0; i < w * h / 4; ++i) EXPECT_EQ(out[w * h + i], 100);
+    });
 }
 
 TEST(PackedToI420, OrientationAndPitchHaveNoInfluence) {

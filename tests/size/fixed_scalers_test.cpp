@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "size/rgb_scale.h"
+#include "isa_levels.h"
 #include "size_test_support.h"
 
 using namespace size_test;
@@ -117,50 +118,56 @@ TEST(FixedScalers, TheTableChoosesTheRoutineAt24Bits) {
 }
 
 TEST(FixedScalers, RandomFramesMatchTheModels) {
-    for (const Pair& p : kPairs) {
-        for (uint32_t seed = 1; seed <= 3; ++seed) {
-            Transform t = Make(FCC_RG24, 24);
-            ASSERT_TRUE(t->Init(p.in, p.out, XFormScale, InterpDefault));
-            Picture in{p.in.cx, p.in.cy, pixmoor_test::RandomBytes(Bytes(p.in.cx * p.in.cy * 3), seed)};
-            const Picture expected = p.model(in);
-            ASSERT_EQ(expected.width, p.out.cx);
-            ASSERT_EQ(expected.height, p.out.cy);
-            EXPECT_EQ(Scale(*t, in.bytes), expected.bytes) << p.in.cx << "x" << p.in.cy;
+    pixmoor_test::ForEachIsaLevel([&] {
+        for (const Pair& p : kPairs) {
+            for (uint32_t seed = 1; seed <= 3; ++seed) {
+                Transform t = Make(FCC_RG24, 24);
+                ASSERT_TRUE(t->Init(p.in, p.out, XFormScale, InterpDefault));
+                Picture in{p.in.cx, p.in.cy, pixmoor_test::RandomBytes(Bytes(p.in.cx * p.in.cy * 3), seed)};
+                const Picture expected = p.model(in);
+                ASSERT_EQ(expected.width, p.out.cx);
+                ASSERT_EQ(expected.height, p.out.cy);
+                EXPECT_EQ(Scale(*t, in.bytes), expected.bytes) << p.in.cx << "x" << p.in.cy;
+            }
         }
-    }
+    });
 }
 
 TEST(FixedScalers, DoublingAltersOneByteInEachGroupOfSixteen) {
-    // Pixel i of the source holds bytes 3i, 3i+1, 3i+2.
-    Transform t = Make(FCC_RG24, 24);
-    ASSERT_TRUE(t->Init(AbsSIZE(176, 144), AbsSIZE(352, 288), XFormScale, InterpDefault));
-    Frame src(176 * 144 * 3);
-    for (size_t i = 0; i < src.size(); ++i) src[i] = static_cast<uint8_t>(i);
-    const Frame out = Scale(*t, src);
-    const uint8_t expected[48] = {0,  1,  2,  0,  1,  2,  3,  4,  5,  3,  4,  5,  6,  7,  8,  6,
-                                  7,  8,  9,  10, 11, 9,  10, 11, 12, 13, 14, 12, 13, 14, 15, 16,
-                                  17, 15, 16, 17, 18, 19, 20, 21, 19, 20, 21, 22, 23, 21, 22, 23};
-    EXPECT_TRUE(std::equal(expected, expected + 48, out.begin()));
-    // The second output line repeats the first.
-    EXPECT_TRUE(std::equal(out.begin(), out.begin() + 1056, out.begin() + 1056));
+    pixmoor_test::ForEachIsaLevel([&] {
+        // Pixel i of the source holds bytes 3i, 3i+1, 3i+2.
+        Transform t = Make(FCC_RG24, 24);
+        ASSERT_TRUE(t->Init(AbsSIZE(176, 144), AbsSIZE(352, 288), XFormScale, InterpDefault));
+        Frame src(176 * 144 * 3);
+        for (size_t i = 0; i < src.size(); ++i) src[i] = static_cast<uint8_t>(i);
+        const Frame out = Scale(*t, src);
+        const uint8_t expected[48] = {0,  1,  2,  0,  1,  2,  3,  4,  5,  3,  4,  5,  6,  7,  8,  6,
+                                      7,  8,  9,  10, 11, 9,  10, 11, 12, 13, 14, 12, 13, 14, 15, 16,
+                                      17, 15, 16, 17, 18, 19, 20, 21, 19, 20, 21, 22, 23, 21, 22, 23};
+        EXPECT_TRUE(std::equal(expected, expected + 48, out.begin()));
+        // The second output line repeats the first.
+        EXPECT_TRUE(std::equal(out.begin(), out.begin() + 1056, out.begin() + 1056));
+    });
 }
 
 TEST(FixedScalers, ElevenTenthsRepeatsPixelNineWhereTheGenericRepeatsPixelZero) {
-    Frame src(160 * 120 * 4);
-    for (size_t i = 0; i < src.size(); ++i) src[i] = static_cast<uint8_t>(i * 7 + 1);
-    Transform fixed = Make(FCC_RG24, 24);
-    ASSERT_TRUE(fixed->Init(AbsSIZE(160, 120), AbsSIZE(176, 144), XFormScale, InterpDefault));
-    const Frame f = Scale(*fixed, Frame(src.begin(), src.begin() + 160 * 120 * 3));
-    EXPECT_TRUE(std::equal(f.begin(), f.begin() + 30, src.begin()));       // pixels 0 to 9
-    EXPECT_TRUE(std::equal(f.begin() + 30, f.begin() + 33, src.begin() + 27));  // 9 again
-    EXPECT_TRUE(std::equal(f.begin() + 33, f.begin() + 36, src.begin() + 30));  // then 10
+    pixmoor_test::ForEachIsaLevel([&] {
+        Frame src(160 * 120 * 4);
+        for (size_t i = 0; i < src.size(); ++i) src[i] = static_cast<uint8_t>(i * 7 + 1);
+        Transform fixed = Make(FCC_RG24, 24);
+        ASSERT_TRUE(fixed->Init(AbsSIZE(160, 120), AbsSIZE(176, 144), XFormScale, InterpDefault));
+        const Frame f = Scale(*fixed, Frame(src.begin(), src.begin() + 160 * 120 * 3));
+        EXPECT_TRUE(std::equal(f.begin(), f.begin() + 30, src.begin()));       // pixels 0 to 9
+        EXPECT_TRUE(std::equal(f.begin() + 30, f.begin() + 33, src.begin() + 27));  // 9 again
+        EXPECT_TRUE(std::equal(f.begin() + 33, f.begin() + 36, src.begin() + 30));  // then 10
 
-    Transform generic = Make(0, 32);
-    ASSERT_TRUE(generic->Init(AbsSIZE(160, 120), AbsSIZE(176, 144), XFormScale, InterpDefault));
-    const Frame g = Scale(*generic, src);
-    EXPECT_TRUE(std::equal(g.begin(), g.begin() + 4, src.begin()));
-    EXPECT_TRUE(std::equal(g.begin() + 4, g.begin() + 8, src.begin()));  // pixel 0 at once
-    EXPECT_TRUE(std::equal(g.begin() + 8, g.begin() + 12, src.begin() + 4));
+        Transform generic = Make(0, 32);
+        ASSERT_TRUE(generic->Init(AbsSIZE(160, 120), AbsSIZE(176, 144), XFormScale, InterpDefault));
+        const Frame g = Scale(*generic, src);
+        EXPECT_TRUE(std::equal(g.begin(), g.begin() + 4, src.begin()));
+        EXPECT_TRUE(std::equal(g.begin() + 4, g.begin() + 8, src.begin()));  // pixel 0 at once
+        EXPECT_TRUE(std::equal(g.begin() + 8, g.begin() + 12, src.begin() + 4));
+    });
 }
 
 TEST(FixedScalers, ALaterFixedInitKeepsTheGenericLists) {

@@ -11,6 +11,7 @@
 #include <pixmoor/size.h>
 
 #include "size/i420_crop_pad.h"
+#include "isa_levels.h"
 #include "size_test_support.h"
 
 using namespace size_test;
@@ -260,21 +261,23 @@ TEST(I420CropPad, YV12FramesGoThroughTheSameWalk) {
 }
 
 TEST(I420CropPad, RandomSizesMatchTheModel) {
-    std::mt19937 rng(20240);
-    std::uniform_int_distribution<int32_t> len(1, 70);
-    for (int i = 0; i < 400; ++i) {
-        const AbsSIZE in(len(rng), len(rng)), out(len(rng), len(rng));
-        if (in == out) continue;
-        const Strips strips = ExpectedStrips(in, out);
-        for (const Strip& s : strips) {
-            EXPECT_TRUE(s.topPadBytes == 0 || s.topSkipBytes == 0);
-            EXPECT_TRUE(s.leftPadBytes == 0 || s.leftSkipBytes == 0);
+    pixmoor_test::ForEachIsaLevel([&] {
+        std::mt19937 rng(20240);
+        std::uniform_int_distribution<int32_t> len(1, 70);
+        for (int i = 0; i < 400; ++i) {
+            const AbsSIZE in(len(rng), len(rng)), out(len(rng), len(rng));
+            if (in == out) continue;
+            const Strips strips = ExpectedStrips(in, out);
+            for (const Strip& s : strips) {
+                EXPECT_TRUE(s.topPadBytes == 0 || s.topSkipBytes == 0);
+                EXPECT_TRUE(s.leftPadBytes == 0 || s.leftSkipBytes == 0);
+            }
+            const FrameRun run = CheckFrame(FCC_I420, in, out, static_cast<uint32_t>(i));
+            // Where both differences are even the luma plane is the centred picture.
+            if ((in.cx - out.cx) % 2 == 0 && (in.cy - out.cy) % 2 == 0) {
+                const std::vector<uint8_t> luma(run.dst.begin(), run.dst.begin() + out.cx * out.cy);
+                EXPECT_EQ(luma, CentredPlane(run.src.data(), in.cx, in.cy, out.cx, out.cy));
+            }
         }
-        const FrameRun run = CheckFrame(FCC_I420, in, out, static_cast<uint32_t>(i));
-        // Where both differences are even the luma plane is the centred picture.
-        if ((in.cx - out.cx) % 2 == 0 && (in.cy - out.cy) % 2 == 0) {
-            const std::vector<uint8_t> luma(run.dst.begin(), run.dst.begin() + out.cx * out.cy);
-            EXPECT_EQ(luma, CentredPlane(run.src.data(), in.cx, in.cy, out.cx, out.cy));
-        }
-    }
+    });
 }

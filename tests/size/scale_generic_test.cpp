@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "size/rgb_scale.h"
+#include "isa_levels.h"
 #include "size_test_support.h"
 
 using namespace size_test;
@@ -49,67 +50,77 @@ void CheckScale(AbsSIZE in, AbsSIZE out, int32_t bits, uint32_t seed) {
 }  // namespace
 
 TEST(ScaleGeneric, RandomSizesAtEveryDepth) {
-    std::mt19937 rng(99);
-    std::uniform_int_distribution<int32_t> len(1, 300);
-    for (int32_t bits : {8, 16, 24, 32}) {
-        for (int i = 0; i < 60; ++i) {
-            const AbsSIZE in(len(rng), len(rng)), out(len(rng), len(rng));
-            if (in == out) continue;
-            CheckScale(in, out, bits, static_cast<uint32_t>(i));
+    pixmoor_test::ForEachIsaLevel([&] {
+        std::mt19937 rng(99);
+        std::uniform_int_distribution<int32_t> len(1, 300);
+        for (int32_t bits : {8, 16, 24, 32}) {
+            for (int i = 0; i < 60; ++i) {
+                const AbsSIZE in(len(rng), len(rng)), out(len(rng), len(rng));
+                if (in == out) continue;
+                CheckScale(in, out, bits, static_cast<uint32_t>(i));
+            }
         }
-    }
+    });
 }
 
 TEST(ScaleGeneric, SmallAndLopsidedSizes) {
-    const int32_t lengths[] = {1, 2, 3, 5, 7, 8, 13, 299, 300};
-    uint32_t seed = 0;
-    for (int32_t bits : {8, 16, 24, 32})
-        for (int32_t a : lengths)
-            for (int32_t b : lengths) {
-                if (a == b) continue;  // equal sizes copy
-                CheckScale(AbsSIZE(a, b), AbsSIZE(b, a), bits, ++seed);
-                CheckScale(AbsSIZE(a, 3), AbsSIZE(b, 3), bits, ++seed);
-            }
+    pixmoor_test::ForEachIsaLevel([&] {
+        const int32_t lengths[] = {1, 2, 3, 5, 7, 8, 13, 299, 300};
+        uint32_t seed = 0;
+        for (int32_t bits : {8, 16, 24, 32})
+            for (int32_t a : lengths)
+                for (int32_t b : lengths) {
+                    if (a == b) continue;  // equal sizes copy
+                    CheckScale(AbsSIZE(a, b), AbsSIZE(b, a), bits, ++seed);
+                    CheckScale(AbsSIZE(a, 3), AbsSIZE(b, 3), bits, ++seed);
+                }
+    });
 }
 
 TEST(ScaleGeneric, QCIFAt32BitsIsNotInTheTable) {
-    CheckScale(AbsSIZE(176, 144), AbsSIZE(352, 288), 32, 5);
-    CheckScale(AbsSIZE(160, 120), AbsSIZE(176, 144), 16, 6);
+    pixmoor_test::ForEachIsaLevel([&] {
+        CheckScale(AbsSIZE(176, 144), AbsSIZE(352, 288), 32, 5);
+        CheckScale(AbsSIZE(160, 120), AbsSIZE(176, 144), 16, 6);
+    });
 }
 
 TEST(ScaleGeneric, PadBytesAreZeroInCopiedLinesAndRepeatInRepeatedOnes) {
-    // 5x2 to 7x5 at 24 bits: 21 bytes of pixels and 3 pad bytes a line; the
-    // source pad holds non-zero bytes that must not come through.
-    Transform t = Make(FCC_RG24, 24);
-    ASSERT_TRUE(t->Init(AbsSIZE(5, 2), AbsSIZE(7, 5), XFormScale, InterpDefault));
-    const auto& s = dynamic_cast<const CSizeXFormRGBScale&>(*t);
-    ASSERT_EQ(s.dstLinePad, 3);
-    ASSERT_EQ(s.runsY->kind, RunCopy);
-    ASSERT_EQ(s.runsY->next->kind, RunDuplicate);
-    Frame src(32, 0xEE);
-    GuardedBuffer dst(120);
-    t->XForm(src.data(), dst.data());
-    for (size_t line = 0; line < 5; ++line) {
-        for (size_t i = 0; i < 21; ++i) EXPECT_EQ(dst[line * 24 + i], 0xEE);
-        for (size_t i = 21; i < 24; ++i) EXPECT_EQ(dst[line * 24 + i], 0) << line;
-    }
-    EXPECT_TRUE(dst.GuardsIntact());
+    pixmoor_test::ForEachIsaLevel([&] {
+        // 5x2 to 7x5 at 24 bits: 21 bytes of pixels and 3 pad bytes a line; the
+        // source pad holds non-zero bytes that must not come through.
+        Transform t = Make(FCC_RG24, 24);
+        ASSERT_TRUE(t->Init(AbsSIZE(5, 2), AbsSIZE(7, 5), XFormScale, InterpDefault));
+        const auto& s = dynamic_cast<const CSizeXFormRGBScale&>(*t);
+        ASSERT_EQ(s.dstLinePad, 3);
+        ASSERT_EQ(s.runsY->kind, RunCopy);
+        ASSERT_EQ(s.runsY->next->kind, RunDuplicate);
+        Frame src(32, 0xEE);
+        GuardedBuffer dst(120);
+        t->XForm(src.data(), dst.data());
+        for (size_t line = 0; line < 5; ++line) {
+            for (size_t i = 0; i < 21; ++i) EXPECT_EQ(dst[line * 24 + i], 0xEE);
+            for (size_t i = 21; i < 24; ++i) EXPECT_EQ(dst[line * 24 + i], 0) << line;
+        }
+        EXPECT_TRUE(dst.GuardsIntact());
+    });
 }
 
 TEST(ScaleGeneric, LengthsBelowOneWriteNothing) {
-    // An empty list of lines (no input lines) or of pixels (no output width)
-    // moves no byte.
-    const AbsSIZE cases[][2] = {{AbsSIZE(0, 0), AbsSIZE(4, 4)}, {AbsSIZE(4, 4), AbsSIZE(0, 4)}};
-    for (const auto& c : cases) {
-        Transform t = Make(FCC_RG24, 24);
-        ASSERT_TRUE(t->Init(c[0], c[1], XFormScale, InterpDefault));
-        const auto& s = dynamic_cast<const CSizeXFormRGBScale&>(*t);
-        EXPECT_TRUE(s.runsX->kind == RunNotStarted || s.runsY->kind == RunNotStarted);
-        GuardedBuffer src(64), dst(64);
-        t->XForm(src.data(), dst.data());
-        for (size_t i = 0; i < 64; ++i) ASSERT_EQ(dst[i], GuardedBuffer::kCanary);
-        EXPECT_TRUE(dst.GuardsIntact());
-    }
+    pixmoor_test::ForEachIsaLevel([&] {
+        // An empty list of lines (no input lines) or of pixels (no output width)
+        // moves no byte.
+        const AbsSIZE cases[][2] = {{AbsSIZE(0, 0), AbsSIZE(4, 4)}, {AbsSIZE(4, 4), AbsSIZE(0, 4)}};
+        for (const auto& c : cases) {
+            Transform t = Make(FCC_RG24, 24);
+            ASSERT_TRUE(t->Init(c[0], c[1], XFormScale, InterpDefault));
+            const auto& s = dynamic_cast<const CSizeXFormRGBScale&>(*t);
+            EXPECT_TRUE(s.runsX->kind == RunNotStarted || s.runsY->kind == RunNotStarted);
+            GuardedBuffer src(64), dst(64);
+            t->XForm(src.data(), dst.data());
+            for (size_t i = 0; i < 64; ++i) ASSERT_EQ(dst[i], GuardedBuffer::kCanary);
+            EXPECT_TRUE(dst.GuardsIntact());
+        }
+    });
 }
 
 TEST(ScaleGeneric, ARepeatedGenericInitRebuildsTheLists) {
@@ -122,4 +133,20 @@ TEST(ScaleGeneric, ARepeatedGenericInitRebuildsTheLists) {
     EXPECT_EQ(s.runsX->next->kind, RunDrop);
     EXPECT_EQ(s.runsY->next->kind, RunDuplicate);
     EXPECT_EQ(s.srcTrailBytes, 2);  // one pixel of 2 bytes left unread
+}
+
+// Wide lines, so that the vector moves of the pixel map run: ratios whose
+// eight output pixels lie within sixteen source pixels and ratios beyond,
+// source lines that end just after or right at a vector window.
+TEST(ScaleGeneric, WideLinesAtEveryDepth) {
+    const int32_t pairs[][2] = {{1000, 650}, {640, 600}, {100, 37}, {64, 40}, {65, 40}, {700, 1400}, {1920, 1440},
+                                {1440, 1920}, {600, 299}, {301, 150}, {96, 48}, {80, 79}};
+    uint32_t seed = 50;
+    pixmoor_test::ForEachIsaLevel([&] {
+        for (int32_t bits : {8, 16, 24, 32})
+            for (const auto& p : pairs) {
+                CheckScale(AbsSIZE(p[0], 3), AbsSIZE(p[1], 4), bits, ++seed);
+                CheckScale(AbsSIZE(p[0], 5), AbsSIZE(p[1], 2), bits, ++seed);
+            }
+    });
 }

@@ -1,12 +1,13 @@
 // Every mirror member in every tier against the scalar model, on random
 // images of many sizes, alignments and steps, with canaries around every
-// buffer.
+// buffer, at every instruction-set level the processor offers.
 #include <gtest/gtest.h>
 
 #include <random>
 #include <vector>
 
 #include "guarded_buffer.h"
+#include "isa_levels.h"
 #include "mirror_model.h"
 
 using namespace mirror_test;
@@ -72,58 +73,64 @@ std::vector<int32_t> Widths(const Member& m) {
 class MirrorResults : public ::testing::TestWithParam<int> {};
 
 TEST_P(MirrorResults, MatchTheModelInEveryTier) {
-    const Member m = AllMembers()[GetParam()];
-    std::mt19937 rng(1234 + GetParam());
-    const int32_t heights[] = {1, 2, 3, 4, 5, 8, 9};
-    for (int tier = 0; tier < 5; ++tier) {
-        for (int32_t axis = 0; axis < 3; ++axis) {
-            for (int32_t width : Widths(m)) {
-                for (int32_t height : heights) {
-                    Case c{width, height, axis,
-                           static_cast<int32_t>(rng() % 3 == 0 ? 0 : rng() % 40),
-                           static_cast<int32_t>(rng() % 3 == 0 ? 0 : rng() % 40),
-                           static_cast<int32_t>(rng() % 4 == 0 ? 0 : rng() % 32),
-                           static_cast<int32_t>(rng() % 4 == 0 ? 0 : rng() % 32)};
-                    RunCase(m, tier, c, rng());
-                    if (HasFatalFailure()) return;
+    pixmoor_test::ForEachIsaLevel([&] {
+        const Member m = AllMembers()[GetParam()];
+        std::mt19937 rng(1234 + GetParam());
+        const int32_t heights[] = {1, 2, 3, 4, 5, 8, 9};
+        for (int tier = 0; tier < 5; ++tier) {
+            for (int32_t axis = 0; axis < 3; ++axis) {
+                for (int32_t width : Widths(m)) {
+                    for (int32_t height : heights) {
+                        Case c{width, height, axis,
+                               static_cast<int32_t>(rng() % 3 == 0 ? 0 : rng() % 40),
+                               static_cast<int32_t>(rng() % 3 == 0 ? 0 : rng() % 40),
+                               static_cast<int32_t>(rng() % 4 == 0 ? 0 : rng() % 32),
+                               static_cast<int32_t>(rng() % 4 == 0 ? 0 : rng() % 32)};
+                        RunCase(m, tier, c, rng());
+                        if (HasFatalFailure()) return;
+                    }
                 }
             }
         }
-    }
+    });
 }
 
 // Every source and destination alignment against a 16-byte boundary, on
 // widths that reach the vector blocks.
 TEST_P(MirrorResults, EveryAlignmentInEveryTier) {
-    const Member m = AllMembers()[GetParam()];
-    std::mt19937 rng(99 + GetParam());
-    for (int tier = 0; tier < 4; ++tier)
-        for (int32_t axis = 0; axis < 3; ++axis)
-            for (int32_t srcOffset = 0; srcOffset < 16; ++srcOffset)
-                for (int32_t dstOffset = 0; dstOffset < 16; dstOffset += (m.inPlace ? 16 : 1)) {
-                    const int32_t width = 1 + static_cast<int32_t>(rng() % (160 / m.pixelBytes() + 8));
-                    Case c{width, 3, axis, static_cast<int32_t>(rng() % 20), static_cast<int32_t>(rng() % 20),
-                           srcOffset, dstOffset};
-                    RunCase(m, tier, c, rng());
-                    if (HasFatalFailure()) return;
-                }
+    pixmoor_test::ForEachIsaLevel([&] {
+        const Member m = AllMembers()[GetParam()];
+        std::mt19937 rng(99 + GetParam());
+        for (int tier = 0; tier < 4; ++tier)
+            for (int32_t axis = 0; axis < 3; ++axis)
+                for (int32_t srcOffset = 0; srcOffset < 16; ++srcOffset)
+                    for (int32_t dstOffset = 0; dstOffset < 16; dstOffset += (m.inPlace ? 16 : 1)) {
+                        const int32_t width = 1 + static_cast<int32_t>(rng() % (160 / m.pixelBytes() + 8));
+                        Case c{width, 3, axis, static_cast<int32_t>(rng() % 20), static_cast<int32_t>(rng() % 20),
+                               srcOffset, dstOffset};
+                        RunCase(m, tier, c, rng());
+                        if (HasFatalFailure()) return;
+                    }
+    });
 }
 
 // Images around the size from which the w7 tier streams its stores
 // (height times source step above 131000).
 TEST_P(MirrorResults, AroundTheStreamingThreshold) {
-    const Member m = AllMembers()[GetParam()];
-    std::mt19937 rng(7 + GetParam());
-    const int32_t width = 1000 / m.pixelBytes();
-    const int32_t step = width * m.pixelBytes() + (1000 - width * m.pixelBytes());  // 1000 bytes
-    for (int tier = 0; tier < 4; ++tier)
-        for (int32_t axis = 0; axis < 3; ++axis)
-            for (int32_t height : {130, 131, 132}) {
-                Case c{width, height, axis, step - width * m.pixelBytes(), static_cast<int32_t>(rng() % 24),
-                       static_cast<int32_t>(rng() % 16), static_cast<int32_t>(rng() % 16)};
-                RunCase(m, tier, c, rng());
-                if (HasFatalFailure()) return;
-            }
+    pixmoor_test::ForEachIsaLevel([&] {
+        const Member m = AllMembers()[GetParam()];
+        std::mt19937 rng(7 + GetParam());
+        const int32_t width = 1000 / m.pixelBytes();
+        const int32_t step = width * m.pixelBytes() + (1000 - width * m.pixelBytes());  // 1000 bytes
+        for (int tier = 0; tier < 4; ++tier)
+            for (int32_t axis = 0; axis < 3; ++axis)
+                for (int32_t height : {130, 131, 132}) {
+                    Case c{width, height, axis, step - width * m.pixelBytes(), static_cast<int32_t>(rng() % 24),
+                           static_cast<int32_t>(rng() % 16), static_cast<int32_t>(rng() % 16)};
+                    RunCase(m, tier, c, rng());
+                    if (HasFatalFailure()) return;
+                }
+    });
 }
 
 std::string MemberName(const ::testing::TestParamInfo<int>& info) { return AllMembers()[info.param].name; }
@@ -131,3 +138,34 @@ std::string MemberName(const ::testing::TestParamInfo<int>& info) { return AllMe
 INSTANTIATE_TEST_SUITE_P(AllMembers, MirrorResults, ::testing::Range(0, 18), MemberName);
 
 }  // namespace
+
+// Pictures above 16 MiB, which the wide copy of axis 0 streams, at odd
+// widths and alignments; the plain tier and the streaming one.
+TEST(MirrorLargePictures, AxisZeroMatchesTheModel) {
+    const Member members[] = {AllMembers()[0], AllMembers()[7]};  // 8uC1, 32sC3
+    pixmoor_test::ForEachIsaLevel([&] {
+        for (const Member& m : members) {
+            const int32_t width = 17000 / m.pixelBytes() + 1;
+            const int32_t height = (17 << 20) / (width * m.pixelBytes()) + 1;
+            for (int tier : {0, 3}) {
+                RunCase(m, tier, Case{width, height, 0, 4, 0, 3, 5}, 11u + static_cast<uint32_t>(tier));
+                if (::testing::Test::HasFatalFailure()) return;
+            }
+        }
+    });
+}
+
+// Lines of some thousands of bytes, around the length from which the wide
+// copy hands lines to the block move, on every member, axis and tier.
+TEST(MirrorLongLines, MatchTheModelInEveryTier) {
+    pixmoor_test::ForEachIsaLevel([&] {
+        for (const Member& m : AllMembers())
+            for (int32_t bytes : {8191, 8192, 9001})
+                for (int32_t axis = 0; axis < 3; ++axis)
+                    for (int tier = 0; tier < 4; ++tier) {
+                        const int32_t width = bytes / m.pixelBytes() + 1;
+                        RunCase(m, tier, Case{width, 3, axis, 8, 0, 1, 7}, static_cast<uint32_t>(bytes + tier));
+                        if (::testing::Test::HasFatalFailure()) return;
+                    }
+    });
+}

@@ -1,0 +1,129 @@
+// Packed RGB (3 bytes a pixel) in and out of 512-bit registers, for the
+// AVX-512 row kernels.  Out: the byte shuffles of rgb24_avx2.h in each
+// 128-bit lane, then the 16-byte pieces put in output order.  In: 4 pixels
+// a 128-bit lane, one a 32-bit lane as (R, B) and (G, G) 16-bit halves.  Only units whose functions
+// carry PIXMOOR_TARGET_AVX512 include this header; every function here
+// carries it too.
+#ifndef PIXMOOR_PRIMITIVES_COLOUR_RGB24_AVX512_H
+#define PIXMOOR_PRIMITIVES_COLOUR_RGB24_AVX512_H
+
+#include "primitives/colour/rgb24_avx2.h"
+#include "runtime/isa.h"
+
+#if PIXMOOR_HAVE_X86_TARGETS
+
+#include "primitives/colour/avx512_intrinsics.h"
+
+#include <cstdint>
+
+namespace pixmoor::colour::avx512 {
+
+PIXMOOR_TARGET_AVX512 inline __m512i Mask(const int8_t (&t)[16]) {
+    return _mm512_broadcast_i32x4(_mm_loadu_si128(reinterpret_cast<const __m128i*>(t)));
+}
+
+// One output register of the interleave, lane by lane (16 pixels a lane).
+PIXMOOR_TARGET_AVX512 inline __m512i InterleavePart(__m512i r, __m512i g, __m512i b, int m) {
+    const auto& k = avx2::kInterleave.bytes;
+    return _mm512_or_si512(_mm512_or_si512(_mm512_shuffle_epi8(r, Mask(k[0][m])), _mm512_shuffle_epi8(g, Mask(k[1][m]))),
+                           _mm512_shuffle_epi8(b, Mask(k[2][m])));
+}
+
+// Writes 64 pixels (192 bytes) from their R, G, B bytes in pixel order.
+// Lane k of the three interleaved registers holds output bytes 48 k to
+// 48 k + 47; the stores take the 16-byte pieces in that order.
+PIXMOOR_TARGET_AVX512 inline void StoreRgb64(uint8_t* p, __m512i r, __m512i g, __m512i b) {
+    const __m512i o0 = InterleavePart(r, g, b, 0);
+    const __m512i o1 = InterleavePart(r, g, b, 1);
+    const __m512i o2 = InterleavePart(r, g, b, 2);
+    // 16-byte pieces in output order: o0.0 o1.0 o2.0 o0.1 | o1.1 o2.1 o0.2
+    // o1.2 | o2.2 o0.3 o1.3 o2.3.  Each store takes three pieces from two
+    // registers (64-bit indices, 8 and up from the second) and its third
+    // piece from the remaining register.
+    const __m512i z0 = _mm512_permutex2var_epi64(o0, _mm512_setr_epi64(0, 1, 8, 9, 0, 0, 2, 3), o1);
+    const __m512i z1 = _mm512_permutex2var_epi64(o1, _mm512_setr_epi64(2, 3, 10, 11, 0, 0, 4, 5), o2);
+    const __m512i z2 = _mm512_permutex2var_epi64(o2, _mm512_setr_epi64(4, 5, 14, 15, 0, 0, 6, 7), o0);
+    _mm512_storeu_si512(p, _mm512_mask_permutexvar_epi64(z0, 0x30, _mm512_setr_epi64(0, 0, 0, 0, 0, 1, 0, 0), o2));
+    _mm512_storeu_si512(p + 64, _mm512_mask_permutexvar_epi64(z1, 0x30, _mm512_setr_epi64(0, 0, 0, 0, 4, 5, 0, 0), o0));
+    _mm512_storeu_si512(p + 128, _mm512_mask_permutexvar_epi64(z2, 0x30, _mm512_setr_epi64(0, 0, 0, 0, 6, 7, 0, 0), o1));
+}
+
+// ---- In: packed RGB to one pixel a 32-bit lane, for the forward kernels.
+
+// 16 packed pixels (48 bytes), one a 32-bit lane: (R, B) halves and (G, G).
+struct Pixels {
+    __m512i rb, gg;
+};
+
+// The 48 bytes at p in a register, by a plain 64-byte load where the 16
+// bytes after them may be read, or by a masked one.
+PIXMOOR_TARGET_AVX512 inline __m512i Load48(const uint8_t* p, bool mayReadOn) {
+    return mayReadOn ? _mm512_loadu_si512(p) : _mm512_maskz_loadu_epi8(0xFFFFFFFFFFFFull, p);
+}
+
+PIXMOOR_TARGET_AVX512 inline Pixels Spread(__m512i bytes48) {
+    // Lane k gets the 12 bytes of pixels 4k to 4k+3 at its start.
+    const __m512i toLanes = _mm512_setr_epi32(0, 1, 2, 3, 3, 4, 5, 6, 6, 7, 8, 9, 9, 10, 11, 11);
+    const __m512i bytes = _mm512_permutexvar_epi32(toLanes, bytes48);
+    const __m512i rb = _mm512_broadcast_i32x4(_mm_loadu_si128(reinterpret_cast<const __m128i*>(avx2::kSpread.rb[0])));
+    const __m512i gg = _mm512_broadcast_i32x4(_mm_loadu_si128(reinterpret_cast<const __m128i*>(avx2::kSpread.gg[0])));
+    return Pixels{_mm512_shuffle_epi8(bytes, rb), _mm512_shuffle_epi8(bytes, gg)};
+}
+
+// Sums of horizontal pixel pairs over 32 pixel lanes (first, second), in
+// pair order.
+PIXMOOR_TARGET_AVX512 inline __m512i PairSums(__m512i first, __m512i second) {
+    const __m512i even = _mm512_setr_epi32(0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
+    const __m512i odd = _mm512_setr_epi32(1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31);
+    return _mm512_add_epi32(_mm512_permutex2var_epi32(first, even, second),
+                            _mm512_permutex2var_epi32(first, odd, second));
+}
+
+// Byte 0 (or 2) of each 32-bit lane gathered into the first 4 bytes of its
+// 128-bit lane; the rest cleared.
+PIXMOOR_TARGET_AVX512 inline __m512i GatherByte(__m512i x, int byte) {
+    const char b = static_cast<char>(byte);
+    return _mm512_shuffle_epi8(x, _mm512_broadcast_i32x4(_mm_setr_epi8(b, static_cast<char>(b + 4),
+                                                                       static_cast<char>(b + 8),
+                                                                       static_cast<char>(b + 12), -128, -128,
+                                                                       -128, -128, -128, -128, -128, -128,
+                                                                       -128, -128, -128, -128)));
+}
+
+// The first 32-bit lanes of each 128-bit lane of a and then of b: 32 bytes
+// in order after GatherByte.
+PIXMOOR_TARGET_AVX512 inline __m256i FirstLanes(__m512i a, __m512i b) {
+    const __m512i pick = _mm512_setr_epi32(0, 4, 8, 12, 16, 20, 24, 28, 0, 0, 0, 0, 0, 0, 0, 0);
+    return _mm512_castsi512_si256(_mm512_permutex2var_epi32(a, pick, b));
+}
+
+// Stores byte `byte` of each 32-bit lane of first and then second: 32
+// bytes.
+PIXMOOR_TARGET_AVX512 inline void StoreBytes(uint8_t* p, __m512i first, __m512i second, int byte) {
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), FirstLanes(GatherByte(first, byte), GatherByte(second, byte)));
+}
+
+// 32 pixels of each of two lines, 16 a register in pixel order.  `more`
+// says that bytes after the 96 of each line may be read (a next step
+// follows on the same lines).
+struct TwoLines32 {
+    Pixels top0, top1, bottom0, bottom1;
+};
+
+PIXMOOR_TARGET_AVX512 inline TwoLines32 LoadTwoLines32(const uint8_t* top, const uint8_t* bottom, bool more) {
+    return TwoLines32{Spread(Load48(top, true)), Spread(Load48(top + 48, more)), Spread(Load48(bottom, true)),
+                      Spread(Load48(bottom + 48, more))};
+}
+
+// Stores the low bytes of 16 U and 16 V lanes.
+PIXMOOR_TARGET_AVX512 inline void StoreChroma(uint8_t* u, uint8_t* v, __m512i uLanes, __m512i vLanes) {
+    const __m256i uv = FirstLanes(GatherByte(uLanes, 0), GatherByte(vLanes, 0));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(u), _mm256_castsi256_si128(uv));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(v), _mm256_extracti128_si256(uv, 1));
+}
+
+}  // namespace pixmoor::colour::avx512
+
+#endif  // PIXMOOR_HAVE_X86_TARGETS
+
+#endif

@@ -1,0 +1,59 @@
+// 4-byte pixels in and out of 512-bit registers for the AVX-512 row
+// kernels of ImgYUVAToRGBA, as rgba_avx2.h is for AVX2.  Here a byte-masked
+// store writes bytes 0 to 2 of each pixel and never touches byte 3.  Only
+// units whose functions carry PIXMOOR_TARGET_AVX512 include this header.
+#ifndef PIXMOOR_PRIMITIVES_COLOUR_RGBA_AVX512_H
+#define PIXMOOR_PRIMITIVES_COLOUR_RGBA_AVX512_H
+
+#include "primitives/colour/rgba_avx2.h"
+#include "runtime/isa.h"
+
+#if PIXMOOR_HAVE_X86_TARGETS
+
+#include "primitives/colour/avx512_intrinsics.h"
+
+#include <cstdint>
+
+namespace pixmoor::colour::avx512 {
+
+PIXMOOR_TARGET_AVX512 inline __m512i Broadcast(const int8_t (&m)[16]) {
+    return _mm512_broadcast_i32x4(_mm_load_si128(reinterpret_cast<const __m128i*>(m)));
+}
+
+// U - 128 and V - 128 of 16 pixels in the low and high halves of their lanes.
+PIXMOOR_TARGET_AVX512 inline __m512i CentredChroma(__m512i pixels) {
+    return _mm512_sub_epi16(_mm512_shuffle_epi8(pixels, Broadcast(avx2::kChromaWords)), _mm512_set1_epi16(128));
+}
+
+// Y of 16 pixels, one 32-bit lane each.
+PIXMOOR_TARGET_AVX512 inline __m512i Luma(__m512i pixels) {
+    return _mm512_and_si512(pixels, _mm512_set1_epi32(0xFF));
+}
+
+// Bytes R G B of 16 pixels from Y and the three chroma terms: `r` in the
+// high half of each lane, `g` and `b` in the low half.  Each sum is
+// saturated.
+PIXMOOR_TARGET_AVX512 inline __m512i ToPixels(__m512i y, __m512i r, __m512i g, __m512i b) {
+    const __m512i rg = _mm512_add_epi16(_mm512_or_si512(y, _mm512_slli_epi32(y, 16)),
+                                        _mm512_mask_blend_epi16(0xAAAAAAAAu, _mm512_srli_epi32(r, 16), _mm512_slli_epi32(g, 16)));
+    return _mm512_shuffle_epi8(_mm512_packus_epi16(rg, _mm512_add_epi16(y, b)), Broadcast(avx2::kToPixels));
+}
+
+// 16 pixels a step while whole steps fit; returns the pixels done.
+// `Pixels16` turns 64 source bytes into the R G B bytes of their pixels.
+template <__m512i (*Pixels16)(__m512i)>
+PIXMOOR_TARGET_AVX512 inline int32_t RgbaSteps(const uint8_t* in, uint8_t* out, int32_t count) {
+    const __mmask64 channels = 0x7777777777777777ull;  // bytes 0 to 2 of each pixel
+    const int32_t whole = count & ~15;
+    for (int32_t x = 0; x < whole; x += 16) {
+        const intptr_t at = 4 * static_cast<intptr_t>(x);
+        _mm512_mask_storeu_epi8(out + at, channels, Pixels16(_mm512_loadu_si512(in + at)));
+    }
+    return whole;
+}
+
+}  // namespace pixmoor::colour::avx512
+
+#endif  // PIXMOOR_HAVE_X86_TARGETS
+
+#endif

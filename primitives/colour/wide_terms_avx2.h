@@ -1,0 +1,58 @@
+// The wide inverse chroma terms in 16-bit lanes, for the AVX2 row kernels
+// of px and m6.  The plain kernels compute clamp((Y << 16 + t) >> 16) with
+// a chroma term t at 16 fraction bits.  Since Y << 16 has no fraction,
+// that is clamp(Y + (t >> 16)), and t >> 16 depends on the chroma alone.
+// Each factor is split into a whole multiple of 65536 and a remainder that
+// fits a 16-bit lane, so that (f d) >> 16 = (f / 65536) d + mulhi(d, f mod
+// 65536) exactly; G's two products are summed in 32 bits by a multiply-add
+// before their shift.  Only units whose functions carry PIXMOOR_TARGET_AVX2
+// include this header.
+#ifndef PIXMOOR_PRIMITIVES_COLOUR_WIDE_TERMS_AVX2_H
+#define PIXMOOR_PRIMITIVES_COLOUR_WIDE_TERMS_AVX2_H
+
+#include "primitives/colour/wide_arith.h"
+#include "runtime/isa.h"
+
+#if PIXMOOR_HAVE_X86_TARGETS
+
+#include <immintrin.h>
+
+#include <cstdint>
+
+namespace pixmoor::colour::avx2 {
+
+// R = Y + dv + mulhi(dv, 9175); B = Y + 2 du + mulhi(du, 2097);
+// G = Y - dv + ((27460 dv - 25821 du) >> 16).
+constexpr int16_t kRvRest = wide::kRFromV - 65536;
+constexpr int16_t kBuRest = wide::kBFromU - 2 * 65536;
+constexpr int16_t kGvRest = 65536 - wide::kGFromV;
+static_assert(wide::kRFromV - kRvRest == 65536 && wide::kBFromU - kBuRest == 2 * 65536 &&
+                  wide::kGFromV + kGvRest == 65536,
+              "whole parts as the kernels add them");
+
+// The G factors against (du, dv) in the low and high halves of a lane.
+PIXMOOR_TARGET_AVX2 inline __m256i GreenFactors() {
+    return _mm256_set1_epi32(static_cast<int32_t>((static_cast<uint32_t>(static_cast<uint16_t>(kGvRest)) << 16) |
+                                                  static_cast<uint16_t>(-wide::kGFromU)));
+}
+
+// The three terms t >> 16 of chroma pairs held as du in the low and dv in
+// the high half of each 32-bit lane: R's term lands in the high half, G's
+// and B's in the low half (the other halves hold no use).
+struct PairTerms {
+    __m256i r, g, b;
+};
+
+PIXMOOR_TARGET_AVX2 inline PairTerms TermsOfPairs(__m256i c) {
+    return PairTerms{
+        _mm256_add_epi16(c, _mm256_mulhi_epi16(c, _mm256_set1_epi16(kRvRest))),
+        _mm256_sub_epi16(_mm256_srai_epi32(_mm256_madd_epi16(c, GreenFactors()), 16), _mm256_srli_epi32(c, 16)),
+        _mm256_add_epi16(_mm256_add_epi16(c, c), _mm256_mulhi_epi16(c, _mm256_set1_epi16(kBuRest))),
+    };
+}
+
+}  // namespace pixmoor::colour::avx2
+
+#endif  // PIXMOOR_HAVE_X86_TARGETS
+
+#endif

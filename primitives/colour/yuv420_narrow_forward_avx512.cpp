@@ -1,0 +1,67 @@
+// The a6 and w7 forward 4:2:0 row kernel from packed RGB with AVX-512: the
+// narrow arithmetic of narrow_arith.h in 32-bit lanes, 16 pixel pairs (32
+// pixels of each line) a step.  D = (9798 R + 19235 G + 3736 B) >> 14 and
+// Y = D >> 1 as in the AVX2 form (yuv420_narrow_forward_avx2.cpp); the
+// block differences stay within 16 bits, so mulhi(diff, f) is the 32-bit
+// product shifted right by 16, and the saturation a clamp to 0..255.
+#include "primitives/colour/yuv420_fast_rows.h"
+
+#if PIXMOOR_HAVE_X86_TARGETS
+
+#include "primitives/colour/avx512_intrinsics.h"
+#include "primitives/colour/narrow_arith.h"
+#include "primitives/colour/rgb24_avx512.h"
+
+namespace pixmoor::colour::fast {
+namespace {
+
+PIXMOOR_TARGET_AVX512 __m512i WeightedSum(const avx512::Pixels& p) {
+    const __m512i wRB = _mm512_set1_epi32((narrow::kWeightB << 16) | narrow::kWeightR);
+    const __m512i wG0 = _mm512_set1_epi32(narrow::kWeightG);
+    return _mm512_add_epi32(_mm512_madd_epi16(p.rb, wRB), _mm512_madd_epi16(p.gg, wG0));
+}
+
+// saturate(mulhi(diff, factor) + 128) in 32-bit lanes.  The difference
+// fits 16 bits, so a multiply-add against (factor, 0) is its product.
+PIXMOOR_TARGET_AVX512 __m512i Scaled(__m512i diff, int32_t factor) {
+    const __m512i x = _mm512_add_epi32(_mm512_srai_epi32(_mm512_madd_epi16(diff, _mm512_set1_epi32(factor)), 16),
+                                       _mm512_set1_epi32(128));
+    return _mm512_min_epi32(_mm512_max_epi32(x, _mm512_setzero_si512()), _mm512_set1_epi32(255));
+}
+
+}  // namespace
+
+PIXMOOR_TARGET_AVX512 int32_t NarrowToYuv420Avx512(const uint8_t* top, const uint8_t* bottom,
+                                                   const Yuv420Lines<uint8_t>& out, int32_t pairs) {
+    uint8_t* const y0 = out.y0;
+    uint8_t* const y1 = out.y1;
+    uint8_t* const uOut = out.u;
+    uint8_t* const vOut = out.v;
+    const int32_t whole = pairs & ~15;
+    for (int32_t j = 0; j < whole; j += 16) {
+        const intptr_t at = 6 * static_cast<intptr_t>(j);
+        // Every step but the last has a next one, whose bytes may be read.
+        const avx512::TwoLines32 p = avx512::LoadTwoLines32(top + at, bottom + at, j + 16 < whole);
+        const __m512i dt0 = _mm512_srai_epi32(WeightedSum(p.top0), 14), dt1 = _mm512_srai_epi32(WeightedSum(p.top1), 14);
+        const __m512i db0 = _mm512_srai_epi32(WeightedSum(p.bottom0), 14),
+                      db1 = _mm512_srai_epi32(WeightedSum(p.bottom1), 14);
+        // Y = D >> 1 is at most 255.
+        avx512::StoreBytes(y0 + 2 * j, _mm512_srai_epi32(dt0, 1), _mm512_srai_epi32(dt1, 1), 0);
+        avx512::StoreBytes(y1 + 2 * j, _mm512_srai_epi32(db0, 1), _mm512_srai_epi32(db1, 1), 0);
+
+        const __m512i mean =
+            _mm512_srai_epi32(avx512::PairSums(_mm512_add_epi32(dt0, db0), _mm512_add_epi32(dt1, db1)), 2);
+        // R and B sums side by side: a block's R sum stays below 1024.
+        const __m512i rb = avx512::PairSums(_mm512_add_epi32(p.top0.rb, p.bottom0.rb),
+                                            _mm512_add_epi32(p.top1.rb, p.bottom1.rb));
+        const __m512i halfR = _mm512_srai_epi32(_mm512_and_si512(rb, _mm512_set1_epi32(0xFFFF)), 1);
+        const __m512i halfB = _mm512_srli_epi32(rb, 17);
+        avx512::StoreChroma(uOut + j, vOut + j, Scaled(_mm512_sub_epi32(halfB, mean), narrow::kFactorU),
+                            Scaled(_mm512_sub_epi32(halfR, mean), narrow::kFactorV));
+    }
+    return whole;
+}
+
+}  // namespace pixmoor::colour::fast
+
+#endif  // PIXMOOR_HAVE_X86_TARGETS

@@ -1,0 +1,85 @@
+// The a6 and w7 inverse 4:2:0 row kernels to packed RGB with AVX2: the same
+// 16-bit lane arithmetic as their SSE2 forms (narrow_sse2.h), 16 pixel pairs
+// (32 pixels of each line) a step.  Each pixel meets the factor lane of its
+// position in a group of eight, as in the tier's own main loop, so a6's odd
+// row lands on the same pixels; the caller hands over only pairs that its
+// main loop would take.
+#include "primitives/colour/yuv420_fast_rows.h"
+
+#if PIXMOOR_HAVE_X86_TARGETS
+
+#include <immintrin.h>
+
+#include "primitives/colour/rgb24_avx2.h"
+
+namespace pixmoor::colour::fast {
+namespace {
+
+struct Factors {
+    __m256i rv, ru, gu, gv, bu;
+};
+
+PIXMOOR_TARGET_AVX2 __m256i Row(const int16_t (&row)[8]) {
+    return _mm256_broadcastsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(row)));
+}
+
+// u' = 16 (U - 128) of 16 chroma samples.
+PIXMOOR_TARGET_AVX2 __m256i Centred(const uint8_t* p) {
+    const __m256i c = _mm256_cvtepu8_epi16(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)));
+    return _mm256_slli_epi16(_mm256_sub_epi16(c, _mm256_set1_epi16(128)), 4);
+}
+
+// One channel of 16 pixels: (2Y + term) >> 1.
+PIXMOOR_TARGET_AVX2 __m256i Channel(__m256i y, __m256i term) {
+    return _mm256_srai_epi16(_mm256_add_epi16(_mm256_add_epi16(y, y), term), 1);
+}
+
+// The chroma of 16 pixels (each pair's u', v' twice) and their Y lanes.
+struct Half {
+    __m256i du, dv, y;
+};
+
+PIXMOOR_TARGET_AVX2 __m256i Red(const Half& h, const Factors& f) {
+    return Channel(h.y, _mm256_add_epi16(_mm256_mulhi_epi16(h.dv, f.rv), _mm256_mulhi_epi16(h.du, f.ru)));
+}
+PIXMOOR_TARGET_AVX2 __m256i Green(const Half& h, const Factors& f) {
+    return Channel(h.y, _mm256_add_epi16(_mm256_mulhi_epi16(h.du, f.gu), _mm256_mulhi_epi16(h.dv, f.gv)));
+}
+PIXMOOR_TARGET_AVX2 __m256i Blue(const Half& h, const Factors& f) {
+    return Channel(h.y, _mm256_mulhi_epi16(h.du, f.bu));
+}
+
+PIXMOOR_TARGET_AVX2 void Pixels(const Half& low, const Half& high, const Factors& f, uint8_t* out) {
+    avx2::StoreRgb32(out, _mm256_packus_epi16(Red(low, f), Red(high, f)),
+                     _mm256_packus_epi16(Green(low, f), Green(high, f)),
+                     _mm256_packus_epi16(Blue(low, f), Blue(high, f)));
+}
+
+}  // namespace
+
+PIXMOOR_TARGET_AVX2 int32_t NarrowFromYuv420Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
+                                                 uint8_t* bottom, int32_t pairs,
+                                                 const int16_t (&lanes)[5][8]) {
+    const Factors f{Row(lanes[0]), Row(lanes[1]), Row(lanes[2]), Row(lanes[3]), Row(lanes[4])};
+    const __m256i z = _mm256_setzero_si256();
+    const int32_t whole = pairs & ~15;
+    for (int32_t j = 0; j < whole; j += 16) {
+        // Lane halves: pairs 0-7 | 8-15 spread to pixels 0-7 | 16-23 (low)
+        // and 8-15 | 24-31 (high), as the unpacks of the Y bytes give them.
+        const __m256i du = Centred(in.u + j), dv = Centred(in.v + j);
+        const __m256i duLow = _mm256_unpacklo_epi16(du, du), duHigh = _mm256_unpackhi_epi16(du, du);
+        const __m256i dvLow = _mm256_unpacklo_epi16(dv, dv), dvHigh = _mm256_unpackhi_epi16(dv, dv);
+        const uint8_t* lines[2] = {in.y0 + 2 * j, in.y1 + 2 * j};
+        uint8_t* outs[2] = {top + 6 * static_cast<intptr_t>(j), bottom + 6 * static_cast<intptr_t>(j)};
+        for (int k = 0; k < 2; ++k) {
+            const __m256i y = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(lines[k]));
+            Pixels(Half{duLow, dvLow, _mm256_unpacklo_epi8(y, z)}, Half{duHigh, dvHigh, _mm256_unpackhi_epi8(y, z)},
+                   f, outs[k]);
+        }
+    }
+    return whole;
+}
+
+}  // namespace pixmoor::colour::fast
+
+#endif  // PIXMOOR_HAVE_X86_TARGETS
