@@ -86,6 +86,7 @@ struct Model {
     int32_t inW = 0, inH = 0, outW = 0, outH = 0;  // the base's sizes
     bool needsXForm = true;
     int32_t destSize = 0;
+    size_t srcFrame = 0;  // bytes of a source frame of the last Init that set the routine's fields
     Routine routine = Routine::None;
     Strip strips[3] = {};
     // Fields of the last generic preparation.
@@ -119,6 +120,7 @@ bool ModelInit(Model& m, int32_t inW, int32_t inH, int32_t outW, int32_t outH, i
         m.strips[1] = m.strips[2] = c;
         m.routine = Routine::CropPad;
         m.destSize = static_cast<int32_t>(outW * outH * 1.5);
+        m.srcFrame = static_cast<size_t>(inW * inH * 1.5);
         return BaseInit(m, inW, inH, outW, outH);
     }
     if (type != XFormScale) return false;
@@ -136,6 +138,7 @@ bool ModelInit(Model& m, int32_t inW, int32_t inH, int32_t outW, int32_t outH, i
         m.planX = PlanAxis(inW, outW);
         m.planY = PlanAxis(inH, outH);
     }
+    m.srcFrame = static_cast<size_t>(LineSize(inW, m.bits)) * inH;
     m.destSize = LineSize(outW, m.bits) * outH;
     return BaseInit(m, inW, inH, outW, outH);
 }
@@ -354,7 +357,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         Frame frame = ModelXForm(m, source);
         // The caller's buffers: the frame (or DestBufferSize), grown to
         // whatever the routine is required to touch.
-        const size_t srcBytes = std::max<size_t>(frame.srcNeeded, 1);
+        const size_t srcBytes = std::max<size_t>({frame.srcNeeded, m.srcFrame, 1});
         source.resize(srcBytes);
         frame = ModelXForm(m, source);
         const size_t dstBytes = std::max<size_t>({frame.out.size(), static_cast<size_t>(m.destSize), 1});
