@@ -163,7 +163,9 @@ PIXMOOR_TARGET_AVX2 inline void StoreShifted(uint8_t* p, __m256i even, __m256i o
 
 PIXMOOR_TARGET_AVX2 inline void StoreChroma(uint8_t* u, uint8_t* v, __m128i uv) {
     _mm_storel_epi64(reinterpret_cast<__m128i*>(u), uv);
-    _mm_storeh_pd(reinterpret_cast<double*>(v), _mm_castsi128_pd(uv));
+    // The high half through an unaligned 8-byte store: a chroma line has
+    // any alignment, which a double store may not assume.
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(v), _mm_unpackhi_epi64(uv, uv));
 }
 
 }  // namespace pixmoor::colour::avx2
