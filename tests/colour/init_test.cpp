@@ -141,11 +141,13 @@ TEST(ColourInit, OrientationsAreStoredAsGiven) {
 }
 
 TEST(ColourInit, LeafFieldsToI420) {
-    const auto& same = As<CColorXFormI420ToI420>(Ready(FCC_I420, FCC_I420, 176, 144));
+    XFormPtr sameOwner = Ready(FCC_I420, FCC_I420, 176, 144);
+    const auto& same = As<CColorXFormI420ToI420>(sameOwner);
     EXPECT_EQ(same.yLineSize, 176);
     EXPECT_EQ(same.chromaLineSize, 88);
 
-    const auto& yv12 = As<CColorXFormYV12ToI420>(Ready(FCC_YV12, FCC_I420, 176, 144));
+    XFormPtr yv12Owner = Ready(FCC_YV12, FCC_I420, 176, 144);
+    const auto& yv12 = As<CColorXFormYV12ToI420>(yv12Owner);
     EXPECT_EQ(yv12.srcYSize, 25344);
     EXPECT_EQ(yv12.srcChromaSize, 6336);
 
