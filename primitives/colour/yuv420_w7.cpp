@@ -6,16 +6,25 @@
 // below pairs AND NOT 15, so a line of 8 to 15 pairs runs wholly in the
 // tail.  The tails take one pair at a time in the same arithmetic.  No load
 // or store needs alignment.
-#include <emmintrin.h>
-
+//
+// Without SSE2 every pair runs the tails' plain form of the same arithmetic.
 #include "primitives/colour/narrow_arith.h"
-#include "primitives/colour/narrow_sse2.h"
 #include "primitives/colour/tier_finish.h"
 #include "primitives/colour/yuv420_rows.h"
+
+#ifdef PIXMOOR_HAVE_SSE2
+#include <emmintrin.h>
+
+#include "primitives/colour/narrow_sse2.h"
+#endif
 
 namespace pixmoor::colour {
 namespace {
 
+// The w7 inverse factors.
+constexpr narrow::InverseFactors kInverse = {9338, 0, -3227, -4759, 16645};
+
+#ifdef PIXMOOR_HAVE_SSE2
 using namespace sse2;
 
 // R, G, B bytes of the 16 pixels from x on.
@@ -70,9 +79,6 @@ void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
     narrow::ToYuv420Pairs<In, NarrowLuma>(top, bottom, out, j, pairs);
 }
 
-// The w7 inverse factors.
-constexpr narrow::InverseFactors kInverse = {9338, 0, -3227, -4759, 16645};
-
 void StorePixels(PackedRgbOut::Line line, int32_t x, RgbBytes c) {
     Interleave(c.r, c.g, c.b);
     uint8_t* p = line + 3 * static_cast<intptr_t>(x);
@@ -114,6 +120,22 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
     }
     narrow::FromYuv420Pairs<Out>(in, top, bottom, j, pairs, kInverse);
 }
+#else
+using LumaOfPacked = narrow::LumaOfPacked;
+using LumaOfPlanes = narrow::LumaOfPlanes;
+
+template <class In, class Luma, class NarrowLuma>
+void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
+                    const Yuv420Lines<uint8_t>& out, int32_t pairs) {
+    narrow::ToYuv420Pairs<In, NarrowLuma>(top, bottom, out, 0, pairs);
+}
+
+template <class Out>
+void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
+                      typename Out::Line bottom, int32_t pairs) {
+    narrow::FromYuv420Pairs<Out>(in, top, bottom, 0, pairs, kInverse);
+}
+#endif
 
 }  // namespace
 

@@ -1,10 +1,13 @@
 // Packed kernels of the real float members of tiers a6 and w7: the limits by
 // packed minimum and maximum, and the replacement kinds by packed compare
 // and select.  Single precision uses the first streaming extensions; the
-// double precision limit of w7 uses 2-lane doubles.
-#include <emmintrin.h>
-
+// double precision limit of w7 uses 2-lane doubles.  Without SSE2 the
+// portable forms in threshold_packed_portable.cpp stand in.
 #include "primitives/signal/threshold_kernels.h"
+#include "primitives/vector_build.h"
+
+#ifdef PIXMOOR_HAVE_SSE2
+#include <emmintrin.h>
 
 namespace pixmoor {
 namespace signal {
@@ -118,3 +121,5 @@ void PackedReplace32f(const float* src, float* dst, int32_t n, float level, floa
 
 }  // namespace signal
 }  // namespace pixmoor
+
+#endif
