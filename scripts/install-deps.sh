@@ -3,6 +3,10 @@
 # skipping what is already there.  Usage: scripts/install-deps.sh [extra...]
 set -euo pipefail
 packages=(cmake make g++ pkgconf libgtest-dev libgmock-dev libpng-dev "$@")
+# The other platforms (docs/platforms.md): the 32-bit x86 compilers, the
+# ARM64 cross compiler and the user-mode emulator.  g++-12-multilib rather
+# than the g++-multilib meta-package, which conflicts with cross compilers.
+packages+=(g++-12-multilib g++-aarch64-linux-gnu qemu-user)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
