@@ -146,15 +146,6 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
     narrow::FromYuv420Pairs<Out>(in, top, bottom, j, pairs, Factors::kTail);
 }
 #else
-using LumaOfPacked = narrow::LumaOfPacked;
-using LumaOfPlanes = narrow::LumaOfPlanes;
-
-template <class In, class Luma, class NarrowLuma>
-void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
-                    const Yuv420Lines<uint8_t>& out, int32_t pairs) {
-    narrow::ToYuv420Pairs<In, NarrowLuma>(top, bottom, out, 0, pairs);
-}
-
 template <class Out, class Factors>
 void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
                       typename Out::Line bottom, int32_t pairs) {
@@ -172,6 +163,7 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
 
 }  // namespace
 
+#ifdef PIXMOOR_HAVE_SSE2
 const Yuv420Rows kYuv420RowsA6 = {
     &ToYuv420Kernel<PackedRgbIn, LumaOfPacked, narrow::LumaOfPacked>,
     &ToYuv420Kernel<RgbPlanesIn, LumaOfPlanes, narrow::LumaOfPlanes>,
@@ -179,5 +171,14 @@ const Yuv420Rows kYuv420RowsA6 = {
     &FromYuv420Kernel<RgbPlanesOut, PlanesFactors>,
     &FinishA6,
 };
+#else
+const Yuv420Rows kYuv420RowsA6 = {
+    &narrow::ToYuv420Row<PackedRgbIn, narrow::LumaOfPacked>,
+    &narrow::ToYuv420Row<RgbPlanesIn, narrow::LumaOfPlanes>,
+    &FromYuv420Kernel<PackedRgbOut, PackedFactors>,
+    &FromYuv420Kernel<RgbPlanesOut, PlanesFactors>,
+    &FinishA6,
+};
+#endif
 
 }  // namespace pixmoor::colour

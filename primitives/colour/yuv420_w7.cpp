@@ -121,15 +121,6 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
     narrow::FromYuv420Pairs<Out>(in, top, bottom, j, pairs, kInverse);
 }
 #else
-using LumaOfPacked = narrow::LumaOfPacked;
-using LumaOfPlanes = narrow::LumaOfPlanes;
-
-template <class In, class Luma, class NarrowLuma>
-void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
-                    const Yuv420Lines<uint8_t>& out, int32_t pairs) {
-    narrow::ToYuv420Pairs<In, NarrowLuma>(top, bottom, out, 0, pairs);
-}
-
 template <class Out>
 void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
                       typename Out::Line bottom, int32_t pairs) {
@@ -139,6 +130,7 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
 
 }  // namespace
 
+#ifdef PIXMOOR_HAVE_SSE2
 const Yuv420Rows kYuv420RowsW7 = {
     &ToYuv420Kernel<PackedRgbIn, LumaOfPacked, narrow::LumaOfPacked>,
     &ToYuv420Kernel<RgbPlanesIn, LumaOfPlanes, narrow::LumaOfPlanes>,
@@ -146,5 +138,14 @@ const Yuv420Rows kYuv420RowsW7 = {
     &FromYuv420Kernel<RgbPlanesOut>,
     &FinishW7,
 };
+#else
+const Yuv420Rows kYuv420RowsW7 = {
+    &narrow::ToYuv420Row<PackedRgbIn, narrow::LumaOfPacked>,
+    &narrow::ToYuv420Row<RgbPlanesIn, narrow::LumaOfPlanes>,
+    &FromYuv420Kernel<PackedRgbOut>,
+    &FromYuv420Kernel<RgbPlanesOut>,
+    &FinishW7,
+};
+#endif
 
 }  // namespace pixmoor::colour
