@@ -83,7 +83,7 @@ struct NotedHeap {
 TEST(MachineWords, PointerWidthIsTheBuildsWord) {
     EXPECT_EQ(sizeof(void*), kWord);
     EXPECT_EQ(sizeof(PrimEntry), kWord);
-    if (kThirtyTwoBit) EXPECT_EQ(sizeof(uintptr_t), 4u);
+    EXPECT_EQ(sizeof(uintptr_t) == 4, kThirtyTwoBit);
 }
 
 TEST(MachineWords, AllocatorAsksForTheElementsAndTheSlack) {
