@@ -32,7 +32,7 @@ fi
 # The example writes PNG files and needs the target's libpng; it is no part
 # of the suite.
 cmake -S . -B "$build" -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_BUILD_TYPE=Release \
-  -DPIXMOOR_WERROR=ON -DPIXMOOR_BUILD_EXAMPLES=OFF \
+  -DPIXMOOR_WERROR=ON -DPIXMOOR_BUILD_TESTS=ON -DPIXMOOR_BUILD_EXAMPLES=OFF \
   -DGTest_DIR="$gtest_prefix/lib/cmake/GTest" "$@"
 cmake --build "$build" -j "$jobs"
 ctest --test-dir "$build" -j "$jobs" --output-on-failure
