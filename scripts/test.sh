@@ -26,3 +26,6 @@ fi
 if [[ $stages == *" asan "* ]]; then scripts/sanitize.sh asan; stamp "sanitizer suite"; fi
 if [[ $stages == *" tsan "* ]]; then scripts/sanitize.sh tsan; stamp "thread sanitizer"; fi
 if [[ $stages == *" fuzz "* ]]; then scripts/fuzz.sh; stamp "fuzzing"; fi
+if [[ $stages == *" portable "* ]]; then scripts/build-portable-kernels.sh; stamp "portable kernels"; fi
+if [[ $stages == *" x86-32 "* ]]; then scripts/build-x86-32.sh; stamp "32-bit x86"; fi
+if [[ $stages == *" arm64 "* ]]; then scripts/build-arm64.sh; stamp "ARM64 under emulation"; fi

@@ -1,18 +1,26 @@
 // What the a6 colour kernels of every group share: the prefetch 32 bytes
 // ahead on a source line, the non-temporal 8-byte store to packed RGB, and
 // the inverse factor lanes of the packed RGB kernels, odd row included.
+// The lane table serves the portable forms too; the rest exists only with
+// SSE2.
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_A6_SHARED_H
 #define PIXMOOR_PRIMITIVES_COLOUR_A6_SHARED_H
 
+#include <cstdint>
+
+#include "primitives/colour/narrow_arith.h"
+#include "primitives/vector_build.h"
+
+#ifdef PIXMOOR_HAVE_SSE2
 #include <emmintrin.h>
 #include <xmmintrin.h>
 
-#include <cstdint>
-
 #include "primitives/colour/narrow_sse2.h"
+#endif
 
 namespace pixmoor::colour::a6 {
 
+#ifdef PIXMOOR_HAVE_SSE2
 inline void Prefetch(const uint8_t* p) { _mm_prefetch(reinterpret_cast<const char*>(p + 32), _MM_HINT_NTA); }
 
 // Non-temporal store of the low 8 bytes of v.
@@ -24,6 +32,7 @@ inline void Stream8(uint8_t* p, __m128i v) {
     _mm_stream_si32(reinterpret_cast<int*>(p + 4), _mm_cvtsi128_si32(_mm_srli_epi64(v, 32)));
 #endif
 }
+#endif
 
 // Inverse factor lanes of a main-loop step of the packed RGB kernels, one
 // lane per pixel 0 to 7 of a line, rows in the order R from v', R from u',
@@ -36,11 +45,18 @@ alignas(16) inline const int16_t kPackedInverseLanes[5][8] = {
     {16646, 16646, 16646, 16646, 16646, 16646, 16646, 16646},
 };
 
+// The factors of one lane (one pixel position) of a table of that form.
+inline narrow::InverseFactors LaneFactors(const int16_t (&t)[5][8], int lane) {
+    return narrow::InverseFactors{t[0][lane], t[1][lane], t[2][lane], t[3][lane], t[4][lane]};
+}
+
+#ifdef PIXMOOR_HAVE_SSE2
 // A table of that form in registers.
 inline sse2::InverseLanes LoadInverseLanes(const int16_t (&t)[5][8]) {
     auto row = [&](int i) { return _mm_load_si128(reinterpret_cast<const __m128i*>(t[i])); };
     return sse2::InverseLanes{row(0), row(1), row(2), row(3), row(4)};
 }
+#endif
 
 }  // namespace pixmoor::colour::a6
 

@@ -83,6 +83,14 @@ void ToYuv420Pairs(typename In::Line top, typename In::Line bottom,
     }
 }
 
+// A whole row of pairs in that form: the forward kernel of the vector tiers
+// where they have no vectors.
+template <class In, class Luma>
+void ToYuv420Row(typename In::Line top, typename In::Line bottom, const Yuv420Lines<uint8_t>& out,
+                 int32_t pairs) {
+    ToYuv420Pairs<In, Luma>(top, bottom, out, 0, pairs);
+}
+
 // Inverse factors of one pixel position.  cRU is 0 except at the odd
 // positions of one tier's packed kernel.
 struct InverseFactors {

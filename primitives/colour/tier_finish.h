@@ -5,8 +5,9 @@
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_TIER_FINISH_H
 #define PIXMOOR_PRIMITIVES_COLOUR_TIER_FINISH_H
 
-#if defined(__SSE2__) || defined(_M_X64) || (defined(_M_IX86_FP) && _M_IX86_FP >= 2)
-#define PIXMOOR_HAVE_SSE2 1
+#include "primitives/vector_build.h"
+
+#ifdef PIXMOOR_HAVE_SSE2
 #include <emmintrin.h>
 #include <mmintrin.h>
 #endif

@@ -11,19 +11,51 @@
 // mulhi(u', 4) and G's U factor is -3232 instead of -3228.  The tail uses
 // the normal factors everywhere.  The RGB planes inverse uses the w7
 // factors.
+//
+// Without SSE2 the same arithmetic runs in plain code: every forward pair
+// through the tail's form, and the inverse with each pixel of the main-loop
+// steps on its own factor lane.
+#include "primitives/colour/a6_shared.h"
+#include "primitives/colour/narrow_arith.h"
+#include "primitives/colour/tier_finish.h"
+#include "primitives/colour/yuv420_rows.h"
+
+#ifdef PIXMOOR_HAVE_SSE2
 #include <emmintrin.h>
 #include <xmmintrin.h>
 
-#include "primitives/colour/a6_shared.h"
-#include "primitives/colour/narrow_arith.h"
 #include "primitives/colour/narrow_sse2.h"
-#include "primitives/colour/tier_finish.h"
+#endif
 #include "primitives/colour/yuv420_fast_rows.h"
-#include "primitives/colour/yuv420_rows.h"
 
 namespace pixmoor::colour {
 namespace {
 
+// The a6 inverse factors of the tail, and of the planes member (the w7
+// factors) everywhere.
+constexpr narrow::InverseFactors kInverse = {9339, 0, -3228, -4760, 16646};
+constexpr narrow::InverseFactors kInversePlanes = {9338, 0, -3227, -4759, 16645};
+
+// Factor lanes of a main-loop step, as in the packed table (a6_shared.h),
+// for the planes member: the w7 factors in every lane.
+alignas(16) const int16_t kPlanesLanes[5][8] = {
+    {9338, 9338, 9338, 9338, 9338, 9338, 9338, 9338},
+    {0, 0, 0, 0, 0, 0, 0, 0},
+    {-3227, -3227, -3227, -3227, -3227, -3227, -3227, -3227},
+    {-4759, -4759, -4759, -4759, -4759, -4759, -4759, -4759},
+    {16645, 16645, 16645, 16645, 16645, 16645, 16645, 16645},
+};
+
+struct PackedFactors {
+    static constexpr const int16_t (&kLanes)[5][8] = a6::kPackedInverseLanes;
+    static constexpr const narrow::InverseFactors& kTail = kInverse;
+};
+struct PlanesFactors {
+    static constexpr const int16_t (&kLanes)[5][8] = kPlanesLanes;
+    static constexpr const narrow::InverseFactors& kTail = kInversePlanes;
+};
+
+#ifdef PIXMOOR_HAVE_SSE2
 using namespace sse2;
 
 using a6::Prefetch;
@@ -74,21 +106,6 @@ void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
     narrow::ToYuv420Pairs<In, NarrowLuma>(top, bottom, out, j, pairs);
 }
 
-// The a6 inverse factors of the tail, and of the planes member (the w7
-// factors) everywhere.
-constexpr narrow::InverseFactors kInverse = {9339, 0, -3228, -4760, 16646};
-constexpr narrow::InverseFactors kInversePlanes = {9338, 0, -3227, -4759, 16645};
-
-// Factor lanes of a main-loop step, as in the packed table (a6_shared.h),
-// for the planes member: the w7 factors in every lane.
-alignas(16) const int16_t kPlanesLanes[5][8] = {
-    {9338, 9338, 9338, 9338, 9338, 9338, 9338, 9338},
-    {0, 0, 0, 0, 0, 0, 0, 0},
-    {-3227, -3227, -3227, -3227, -3227, -3227, -3227, -3227},
-    {-4759, -4759, -4759, -4759, -4759, -4759, -4759, -4759},
-    {16645, 16645, 16645, 16645, 16645, 16645, 16645, 16645},
-};
-
 void StorePixels(PackedRgbOut::Line line, int32_t x, RgbBytes c) {
     Interleave(c.r, c.g, c.b);
     uint8_t* p = line + 3 * static_cast<intptr_t>(x);
@@ -102,15 +119,6 @@ void StorePixels(const RgbPlanesOut::Line& line, int32_t x, const RgbBytes& c) {
     Store8(line.g + x, c.g);
     Store8(line.b + x, c.b);
 }
-
-struct PackedFactors {
-    static constexpr const int16_t (&kLanes)[5][8] = a6::kPackedInverseLanes;
-    static constexpr const narrow::InverseFactors& kTail = kInverse;
-};
-struct PlanesFactors {
-    static constexpr const int16_t (&kLanes)[5][8] = kPlanesLanes;
-    static constexpr const narrow::InverseFactors& kTail = kInversePlanes;
-};
 
 template <class Out, class Factors>
 void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
@@ -138,9 +146,25 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
     }
     narrow::FromYuv420Pairs<Out>(in, top, bottom, j, pairs, Factors::kTail);
 }
+#else
+template <class Out, class Factors>
+void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
+                      typename Out::Line bottom, int32_t pairs) {
+    const int32_t mainPairs = pairs & ~3;
+    for (int32_t x = 0; x < 2 * mainPairs; ++x) {
+        const narrow::InverseFactors f = a6::LaneFactors(Factors::kLanes, x & 7);
+        const int32_t u = in.u[x >> 1];
+        const int32_t v = in.v[x >> 1];
+        Out::Store(top, x, narrow::ToRgb(in.y0[x], u, v, f));
+        Out::Store(bottom, x, narrow::ToRgb(in.y1[x], u, v, f));
+    }
+    narrow::FromYuv420Pairs<Out>(in, top, bottom, mainPairs, pairs, Factors::kTail);
+}
+#endif
 
 }  // namespace
 
+#ifdef PIXMOOR_HAVE_SSE2
 const Yuv420Rows kYuv420RowsA6 = {
     &ToYuv420Kernel<PackedRgbIn, LumaOfPacked, narrow::LumaOfPacked>,
     &ToYuv420Kernel<RgbPlanesIn, LumaOfPlanes, narrow::LumaOfPlanes>,
@@ -148,5 +172,14 @@ const Yuv420Rows kYuv420RowsA6 = {
     &FromYuv420Kernel<RgbPlanesOut, PlanesFactors>,
     &FinishA6,
 };
+#else
+const Yuv420Rows kYuv420RowsA6 = {
+    &narrow::ToYuv420Row<PackedRgbIn, narrow::LumaOfPacked>,
+    &narrow::ToYuv420Row<RgbPlanesIn, narrow::LumaOfPlanes>,
+    &FromYuv420Kernel<PackedRgbOut, PackedFactors>,
+    &FromYuv420Kernel<RgbPlanesOut, PlanesFactors>,
+    &FinishA6,
+};
+#endif
 
 }  // namespace pixmoor::colour

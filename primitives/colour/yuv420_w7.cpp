@@ -6,18 +6,26 @@
 // below pairs AND NOT 15, so a line of 8 to 15 pairs runs wholly in the
 // tail.  The tails take one pair at a time in the same arithmetic.  No load
 // or store needs alignment.
-#include <emmintrin.h>
-
+//
+// Without SSE2 every pair runs the tails' plain form of the same arithmetic.
 #include "primitives/colour/narrow_arith.h"
-#include "primitives/colour/narrow_sse2.h"
 #include "primitives/colour/tier_finish.h"
 #include "primitives/colour/yuv420_fast_rows.h"
 #include "primitives/colour/yuv420_rows.h"
 
+#ifdef PIXMOOR_HAVE_SSE2
+#include <emmintrin.h>
+
+#include "primitives/colour/narrow_sse2.h"
+#endif
 
 namespace pixmoor::colour {
 namespace {
 
+// The w7 inverse factors.
+constexpr narrow::InverseFactors kInverse = {9338, 0, -3227, -4759, 16645};
+
+#ifdef PIXMOOR_HAVE_SSE2
 using namespace sse2;
 
 // R, G, B bytes of the 16 pixels from x on.
@@ -72,8 +80,7 @@ void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
     narrow::ToYuv420Pairs<In, NarrowLuma>(top, bottom, out, j, pairs);
 }
 
-// The w7 inverse factors, and the same as lanes of a wider main-loop step.
-constexpr narrow::InverseFactors kInverse = {9338, 0, -3227, -4759, 16645};
+// The w7 inverse factors as lanes of a wider main-loop step.
 alignas(16) const int16_t kInverseLanes[5][8] = {
     {9338, 9338, 9338, 9338, 9338, 9338, 9338, 9338},
     {0, 0, 0, 0, 0, 0, 0, 0},
@@ -123,9 +130,17 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
     }
     narrow::FromYuv420Pairs<Out>(in, top, bottom, j, pairs, kInverse);
 }
+#else
+template <class Out>
+void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
+                      typename Out::Line bottom, int32_t pairs) {
+    narrow::FromYuv420Pairs<Out>(in, top, bottom, 0, pairs, kInverse);
+}
+#endif
 
 }  // namespace
 
+#ifdef PIXMOOR_HAVE_SSE2
 const Yuv420Rows kYuv420RowsW7 = {
     &ToYuv420Kernel<PackedRgbIn, LumaOfPacked, narrow::LumaOfPacked>,
     &ToYuv420Kernel<RgbPlanesIn, LumaOfPlanes, narrow::LumaOfPlanes>,
@@ -133,5 +148,14 @@ const Yuv420Rows kYuv420RowsW7 = {
     &FromYuv420Kernel<RgbPlanesOut>,
     &FinishW7,
 };
+#else
+const Yuv420Rows kYuv420RowsW7 = {
+    &narrow::ToYuv420Row<PackedRgbIn, narrow::LumaOfPacked>,
+    &narrow::ToYuv420Row<RgbPlanesIn, narrow::LumaOfPlanes>,
+    &FromYuv420Kernel<PackedRgbOut>,
+    &FromYuv420Kernel<RgbPlanesOut>,
+    &FinishW7,
+};
+#endif
 
 }  // namespace pixmoor::colour

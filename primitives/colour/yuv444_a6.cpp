@@ -10,16 +10,23 @@
 // driver after the last row.  4-byte pixels are written as a 16-bit and an
 // 8-bit store, so byte 3 is never touched.  The planes to planes members
 // bring each destination plane to an 8-byte boundary first.
+//
+// Without SSE2 the same arithmetic runs in plain code, pixel by pixel.
+#include "primitives/colour/tier_finish.h"
+#include "primitives/colour/yuv444_driver.h"
+#include "primitives/colour/yuv444_narrow.h"
+
+#ifdef PIXMOOR_HAVE_SSE2
 #include <emmintrin.h>
 
 #include "primitives/colour/a6_shared.h"
 #include "primitives/colour/narrow_sse2.h"
-#include "primitives/colour/tier_finish.h"
-#include "primitives/colour/yuv444_driver.h"
-#include "primitives/colour/yuv444_narrow.h"
 #include "primitives/colour/yuv444_sse2.h"
+#endif
 
 namespace pixmoor::colour {
+
+#ifdef PIXMOOR_HAVE_SSE2
 namespace {
 
 using namespace sse2;
@@ -64,5 +71,19 @@ const Yuv444Rows kYuv444RowsA6 = {
     &YuvPlanesToRgbRow,
     &FinishA6,
 };
+
+#else
+const Yuv444Rows kYuv444RowsA6 = {
+    &ConvertRow<Packed3In, Packed3Out, narrow444::ToYuvL>,
+    &ConvertRow<Packed4In, Packed4Out, narrow444::ToYuvL>,
+    &ConvertRow<PlanesIn, PlanesOut, narrow444::ToYuvM>,
+    &ConvertRow<Packed3In, PlanesOut, narrow444::ToYuvD>,
+    &narrow444::HalfA6Row<Packed3In>,
+    &ConvertRow<Packed4In, Packed4Out, narrow444::ToRgbAlpha>,
+    &ConvertRow<PlanesIn, PlanesOut, narrow444::ToRgbPlanes>,
+    &narrow444::HalfA6Row<PlanesIn>,
+    &FinishA6,
+};
+#endif
 
 }  // namespace pixmoor::colour

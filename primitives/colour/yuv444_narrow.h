@@ -112,6 +112,19 @@ struct ToRgbPlanes {
     static Rgb Pixel(Yuv p) { return Rgb{PlaneR(p), PlaneG(p), PlaneB(p)}; }
 };
 
+// The a6 packed RGB inverses as a whole row: the odd factor row at pixels 3
+// and 7 of every block of 8 that the vector loop takes, the normal factors
+// in its single-pixel tail.  The portable form of that kernel.
+template <class In>
+void HalfA6Row(typename In::Line in, uint8_t* out, int32_t count) {
+    const int32_t blocks = count & ~7;
+    for (int32_t x = 0; x < count; ++x) {
+        const Yuv p = In::template Get<Yuv>(in, x);
+        const narrow::InverseFactors& f = x < blocks && (x & 3) == 3 ? kHalfA6Odd : kHalfA6;
+        Packed3Out::Put(out, x, narrow::ToRgb(p.y, p.u, p.v, f));
+    }
+}
+
 }  // namespace pixmoor::colour::narrow444
 
 #endif

@@ -10,15 +10,22 @@
 // 8 pixels a step, then 4, then single pixels.  The planes to planes
 // members bring each destination plane to a boundary first: 16 bytes for
 // RGB to YUV, whose blocks then store aligned, 8 bytes for YUV to RGB.
-#include <emmintrin.h>
-
-#include "primitives/colour/narrow_sse2.h"
+//
+// Without SSE2 the same arithmetic runs in plain code, pixel by pixel.
 #include "primitives/colour/tier_finish.h"
 #include "primitives/colour/yuv444_driver.h"
 #include "primitives/colour/yuv444_narrow.h"
+
+#ifdef PIXMOOR_HAVE_SSE2
+#include <emmintrin.h>
+
+#include "primitives/colour/narrow_sse2.h"
 #include "primitives/colour/yuv444_sse2.h"
+#endif
 
 namespace pixmoor::colour {
+
+#ifdef PIXMOOR_HAVE_SSE2
 namespace {
 
 using namespace sse2;
@@ -63,5 +70,19 @@ const Yuv444Rows kYuv444RowsW7 = {
     &YuvPlanesToRgbRow,
     &FinishW7,
 };
+
+#else
+const Yuv444Rows kYuv444RowsW7 = {
+    &ConvertRow<Packed3In, Packed3Out, narrow444::ToYuvM>,
+    &ConvertRow<Packed4In, Packed4Out, narrow444::ToYuvL>,
+    &ConvertRow<PlanesIn, PlanesOut, narrow444::ToYuvM>,
+    &ConvertRow<Packed3In, PlanesOut, narrow444::ToYuvM>,
+    &ConvertRow<Packed3In, Packed3Out, narrow444::ToRgbHalf<narrow444::kHalfA6>>,
+    &ConvertRow<Packed4In, Packed4Out, narrow444::ToRgbAlpha>,
+    &ConvertRow<PlanesIn, PlanesOut, narrow444::ToRgbPlanes>,
+    &ConvertRow<PlanesIn, Packed3Out, narrow444::ToRgbHalf<narrow444::kHalfW7>>,
+    &FinishW7,
+};
+#endif
 
 }  // namespace pixmoor::colour

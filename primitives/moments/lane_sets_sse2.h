@@ -6,8 +6,10 @@
 #ifndef PIXMOOR_PRIMITIVES_MOMENTS_LANE_SETS_SSE2_H
 #define PIXMOOR_PRIMITIVES_MOMENTS_LANE_SETS_SSE2_H
 
+#include "primitives/vector_build.h"
+
 #ifndef PIXMOOR_MOMENTS_SSE2
-#if defined(__SSE2__) || defined(_M_X64) || (defined(_M_IX86_FP) && _M_IX86_FP >= 2)
+#ifdef PIXMOOR_HAVE_SSE2
 #define PIXMOOR_MOMENTS_SSE2 1
 #else
 #define PIXMOOR_MOMENTS_SSE2 0

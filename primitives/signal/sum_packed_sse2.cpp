@@ -1,11 +1,16 @@
 // Packed-lane sums of tier w7: doubles in four 2-lane accumulators and exact
-// 16-bit sums with packed adds.
-#include <emmintrin.h>
-
+// 16-bit sums with packed adds.  Without SSE2 the double lanes are eight
+// doubles in plain code, each added in the same order, and the 16-bit sums,
+// exact either way, are the plain tier's.
 #include <algorithm>
 
 #include "primitives/signal/element_access.h"
 #include "primitives/signal/sum_kernels.h"
+#include "primitives/vector_build.h"
+
+#ifdef PIXMOOR_HAVE_SSE2
+#include <emmintrin.h>
+#endif
 
 namespace pixmoor {
 namespace signal {
@@ -16,6 +21,7 @@ double SumPacked64f(const double* src, int32_t n) {
     double acc[8] = {0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
     int32_t i = 0;
     if (IsAligned(src, 8) && !IsAligned(src, 16)) acc[0] += LoadAt<double>(src, i++);
+#ifdef PIXMOOR_HAVE_SSE2
     const bool aligned = IsAligned(src + i, 16);
     __m128d r0 = _mm_loadu_pd(acc), r1 = _mm_loadu_pd(acc + 2);
     __m128d r2 = _mm_loadu_pd(acc + 4), r3 = _mm_loadu_pd(acc + 6);
@@ -38,10 +44,15 @@ double SumPacked64f(const double* src, int32_t n) {
     _mm_storeu_pd(acc + 2, r1);
     _mm_storeu_pd(acc + 4, r2);
     _mm_storeu_pd(acc + 6, r3);
+#else
+    for (; n - i >= 8; i += 8)
+        for (int32_t k = 0; k < 8; ++k) acc[k] += LoadAt<double>(src, i + k);
+#endif
     for (; i < n; ++i) acc[7] += LoadAt<double>(src, i);
     return JoinEight(acc);
 }
 
+#ifdef PIXMOOR_HAVE_SSE2
 namespace {
 constexpr int32_t kExactBlock = 0x10000;
 
@@ -92,6 +103,12 @@ void SumExact16sPacked(const int16_t* src, int32_t n, bool complex, int64_t tota
     for (int32_t i = 0; i < n; i += kExactBlock)
         SumBlock(src + ElementOffset(i, width), std::min(kExactBlock, n - i), width, totals);
 }
+#else
+void SumExact16sPacked(const int16_t* src, int32_t n, bool complex, int64_t totals[2]) {
+    totals[0] = SumExact16s(src, n, complex ? 2 : 1);
+    totals[1] = complex ? SumExact16s(src + 1, n, 2) : 0;
+}
+#endif
 
 }  // namespace signal
 }  // namespace pixmoor

@@ -2,14 +2,25 @@
 // packed minimum and maximum, and the replacement kinds by packed compare
 // and select.  Single precision uses the first streaming extensions; the
 // double precision limit of w7 uses 2-lane doubles.
-#include <emmintrin.h>
-
+//
+// Without SSE2 the same operations run element by element in plain code.
+// Every lane of the packed kernels is one element by itself, so that gives
+// the same values: the packed minimum keeps x only where x < level (the
+// level wins ties and not-a-number), the packed maximum only where
+// x > level, and the replacement takes the value where x is strictly beyond
+// the level (an unordered element stays).
 #include "primitives/signal/threshold_kernels.h"
+#include "primitives/vector_build.h"
+
+#ifdef PIXMOOR_HAVE_SSE2
+#include <emmintrin.h>
+#endif
 
 namespace pixmoor {
 namespace signal {
 
 namespace {
+#ifdef PIXMOOR_HAVE_SSE2
 // Loads, stores and lane count of one register of T.
 template <typename T> struct Lanes;
 template <> struct Lanes<float> {
@@ -99,6 +110,25 @@ void Limit(const T* src, T* dst, int32_t n, T level, bool above) {
     if (above) ApplyPacked(src, dst, n, PackedLimit<T, true>{l});
     else ApplyPacked(src, dst, n, PackedLimit<T, false>{l});
 }
+
+void Replace(const float* src, float* dst, int32_t n, float level, float value, bool above) {
+    const __m128 l = _mm_set1_ps(level);
+    const __m128 v = _mm_set1_ps(value);
+    if (above) ApplyPacked(src, dst, n, PackedReplace<true>{l, v});
+    else ApplyPacked(src, dst, n, PackedReplace<false>{l, v});
+}
+#else
+template <typename T>
+void Limit(const T* src, T* dst, int32_t n, T level, bool above) {
+    if (above) ApplyEach(src, dst, n, [level](T x) { return x < level ? x : level; });
+    else ApplyEach(src, dst, n, [level](T x) { return x > level ? x : level; });
+}
+
+void Replace(const float* src, float* dst, int32_t n, float level, float value, bool above) {
+    if (above) ApplyEach(src, dst, n, [level, value](float x) { return x > level ? value : x; });
+    else ApplyEach(src, dst, n, [level, value](float x) { return x < level ? value : x; });
+}
+#endif
 }  // namespace
 
 void MinMaxLimit32f(const float* src, float* dst, int32_t n, float level, bool above) {
@@ -110,10 +140,7 @@ void MinMaxLimit64f(const double* src, double* dst, int32_t n, double level, boo
 }
 
 void PackedReplace32f(const float* src, float* dst, int32_t n, float level, float value, bool above) {
-    const __m128 l = _mm_set1_ps(level);
-    const __m128 v = _mm_set1_ps(value);
-    if (above) ApplyPacked(src, dst, n, PackedReplace<true>{l, v});
-    else ApplyPacked(src, dst, n, PackedReplace<false>{l, v});
+    Replace(src, dst, n, level, value, above);
 }
 
 }  // namespace signal

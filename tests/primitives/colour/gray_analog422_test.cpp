@@ -9,6 +9,7 @@
 
 #include "gray_harness.h"
 #include "primitives/colour/analog422_clamp_table.h"
+#include "sweep_stride.h"
 
 using namespace gray_harness;
 using gray_model::kTiers;
@@ -83,7 +84,7 @@ TEST(Analog422, WideFramesMatchTheModel) {
 TEST(Analog422, OddLastPixelForEveryColour) {
     Source<uint8_t> src(1, 65536, 3, 0);
     for (int tier : kTiers)
-        for (int r = 0; r < 256; r += (tier == 0 ? 1 : 15)) {
+        for (int r = 0; r < 256; r += (tier == 0 ? pixmoor_test::SweepStride() : 15)) {
             for (int i = 0; i < 65536; ++i) {
                 uint8_t* p = src.Pixel(0, i);
                 p[0] = static_cast<uint8_t>(r);

@@ -9,6 +9,7 @@
 
 #include "gray_harness.h"
 #include "primitives/colour/gray_arith.h"
+#include "sweep_stride.h"
 
 using namespace gray_harness;
 using gray_model::kTiers;
@@ -155,7 +156,7 @@ TEST(GrayEdges, EightBitWeightConversion) {
 TEST(GrayEdges, EveryColourEightBit) {
     for (int channels : {3, 4}) {
         Source<uint8_t> s(256, 256, channels, 0);
-        for (int r = 0; r < 256; ++r) {
+        for (int r = 0; r < 256; r += pixmoor_test::SweepStride()) {
             for (int g = 0; g < 256; ++g)
                 for (int b = 0; b < 256; ++b) {
                     uint8_t* p = s.Pixel(b, g);

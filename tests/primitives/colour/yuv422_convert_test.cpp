@@ -16,6 +16,7 @@
 #include <string>
 
 #include "yuv422_harness.h"
+#include "sweep_stride.h"
 
 using namespace yuv422_harness;
 using yuv420_model::TierName;
@@ -265,7 +266,7 @@ TEST(Yuv422Convert, WideRoundingBiasesShow) {
 TEST(Yuv422Convert, EveryRgbColourMatchesTheModel) {
     for (int tier : yuv420_model::kTiers) {
         int failures = 0;
-        for (int r = 0; r < 256 && failures == 0; ++r) {
+        for (int r = 0; r < 256 && failures == 0; r += pixmoor_test::SweepStride()) {
             RgbFrame in = RgbFrame::Make(256, 256);
             for (int g = 0; g < 256; ++g)
                 for (int b = 0; b < 256; ++b) in.Set(b, g, {r, g, b});
@@ -282,7 +283,7 @@ TEST(Yuv422Convert, EveryYuvTripleMatchesTheModel) {
     const int w = 512, h = 128;
     for (int tier : yuv420_model::kTiers) {
         int failures = 0;
-        for (int u = 0; u < 256 && failures == 0; ++u) {
+        for (int u = 0; u < 256 && failures == 0; u += pixmoor_test::SweepStride()) {
             Yuv422Frame planes = Yuv422Frame::Make(w, h);
             Packed422Frame packed;
             packed.width = w;

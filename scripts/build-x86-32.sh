@@ -1,0 +1,8 @@
+#!/usr/bin/env bash
+# 32-bit x86: the library, the tool and the whole suite built with -m32 and
+# run natively.  Here the numbers of the 32-bit design hold exactly (36
+# bytes of allocator slack, 32-bit words in dispatch rows and run lists), and
+# the tests that check them run.  Needs g++-12-multilib.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+exec scripts/target-suite.sh build-x86-32 cmake/toolchains/x86-32-linux-gnu.cmake "$@"
