@@ -8,12 +8,18 @@
 #                              (build-tsan)
 #   scripts/fuzz.sh            a short run of every fuzz harness (build-fuzz;
 #                              FUZZ_SECONDS each, 20 by default)
-# PIXMOOR_STAGES picks among "suite asan tsan fuzz" (default: all four).
+#   scripts/build-portable-kernels.sh, scripts/build-x86-32.sh,
+#   scripts/build-arm64.sh    the other platforms (docs/platforms.md)
+# PIXMOOR_STAGES picks among "suite asan tsan fuzz portable x86-32 arm64"
+# (default: all).
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install-deps.sh libgtest-dev libgmock-dev ffmpeg
+# The other platforms need the 32-bit x86 compilers, the ARM64 cross compiler
+# and the user-mode emulator; g++-12-multilib rather than the g++-multilib
+# meta-package, which conflicts with cross compilers.
+scripts/install-deps.sh libgtest-dev libgmock-dev ffmpeg g++-12-multilib g++-aarch64-linux-gnu qemu-user
 jobs=$(nproc)
-stages=" ${PIXMOOR_STAGES:-suite asan tsan fuzz} "
+stages=" ${PIXMOOR_STAGES:-suite asan tsan fuzz portable x86-32 arm64} "
 started=$(date +%s)
 stamp() { echo "=== $1 done after $(( $(date +%s) - started )) s"; }
 
