@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <random>
 #include <vector>
 
@@ -41,10 +42,34 @@ public:
 
     std::vector<uint8_t> Contents() const { return std::vector<uint8_t>(data(), data() + size_); }
 
+    // True while no byte at all has been written: guards intact and every
+    // byte inside still the canary (for buffers made with the default fill).
+    bool Untouched() const {
+        if (!GuardsIntact()) return false;
+        for (std::size_t i = 0; i < size_; ++i)
+            if (data()[i] != kCanary) return false;
+        return true;
+    }
+
 private:
     std::size_t size_;
     std::vector<uint8_t> bytes_;
 };
+
+// True while none of the buffers has been written.
+template <typename Buffers>
+bool AllUntouched(const Buffers& buffers) {
+    for (const auto& b : buffers)
+        if (!b.Untouched()) return false;
+    return true;
+}
+
+// Fills each channel in turn from one seeded sequence.
+inline void FillChannelsRandom(std::initializer_list<std::vector<uint8_t>*> channels, uint32_t seed) {
+    std::mt19937 rng(seed);
+    for (auto* c : channels)
+        for (auto& s : *c) s = static_cast<uint8_t>(rng());
+}
 
 inline std::vector<uint8_t> RandomBytes(std::size_t n, uint32_t seed) {
     std::mt19937 rng(seed);

@@ -52,12 +52,7 @@ struct WordImage {
         return words;
     }
     // True while every byte is still the fill (nothing written at all).
-    bool Untouched() const {
-        if (!buf.GuardsIntact()) return false;
-        for (size_t i = 0; i < buf.size(); ++i)
-            if (buf[i] != GuardedBuffer::kCanary) return false;
-        return true;
-    }
+    bool Untouched() const { return buf.Untouched(); }
     // True while every byte outside the words of the picture holds the fill.
     bool OutsideUntouched() const {
         if (!buf.GuardsIntact()) return false;

@@ -234,18 +234,14 @@ inline InverseOut RunInverse(int tier, bool planesDest, bool compact, const YuvF
 }
 
 inline RgbFrame RandomRgb(int w, int h, uint32_t seed) {
-    std::mt19937 rng(seed);
     RgbFrame f = RgbFrame::Make(w, h);
-    for (auto* c : {&f.r, &f.g, &f.b})
-        for (auto& s : *c) s = static_cast<uint8_t>(rng());
+    pixmoor_test::FillChannelsRandom({&f.r, &f.g, &f.b}, seed);
     return f;
 }
 
 inline YuvFrame RandomYuv(int w, int h, uint32_t seed) {
-    std::mt19937 rng(seed);
     YuvFrame f = YuvFrame::Make(w, h);
-    for (auto* c : {&f.y, &f.u, &f.v})
-        for (auto& s : *c) s = static_cast<uint8_t>(rng());
+    pixmoor_test::FillChannelsRandom({&f.y, &f.u, &f.v}, seed);
     return f;
 }
 

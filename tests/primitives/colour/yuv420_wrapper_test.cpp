@@ -45,14 +45,7 @@ struct Args {
     uint8_t* const* DstPlanes() const { return dstPlanesNull ? nullptr : dstPlanes; }
     const int32_t* SrcSteps() const { return srcStepsNull ? nullptr : srcSteps; }
     const int32_t* DstSteps() const { return dstStepsNull ? nullptr : dstSteps; }
-    bool NothingWritten() const {
-        for (const auto& b : dstBufs) {
-            if (!b.GuardsIntact()) return false;
-            for (size_t i = 0; i < b.size(); ++i)
-                if (b[i] != GuardedBuffer::kCanary) return false;
-        }
-        return true;
-    }
+    bool NothingWritten() const { return pixmoor_test::AllUntouched(dstBufs); }
 };
 
 struct Defect {

@@ -154,10 +154,8 @@ inline InverseOut RunFromPacked(int tier, const Packed422Frame& in, int srcPad, 
 }
 
 inline Yuv422Frame RandomYuv422(int w, int h, uint32_t seed) {
-    std::mt19937 rng(seed);
     Yuv422Frame f = Yuv422Frame::Make(w, h);
-    for (auto* c : {&f.y, &f.u, &f.v})
-        for (auto& s : *c) s = static_cast<uint8_t>(rng());
+    pixmoor_test::FillChannelsRandom({&f.y, &f.u, &f.v}, seed);
     return f;
 }
 

@@ -48,14 +48,7 @@ struct Args {
     const int32_t* SrcSteps() const { return nullSrcSteps ? nullptr : srcSteps; }
     const int32_t* DstSteps() const { return nullDstSteps ? nullptr : dstSteps; }
     uint16_t* Words() const { return reinterpret_cast<uint16_t*>(dst); }
-    bool NothingWritten() const {
-        for (const auto& b : out) {
-            if (!b.GuardsIntact()) return false;
-            for (size_t i = 0; i < b.size(); ++i)
-                if (b[i] != GuardedBuffer::kCanary) return false;
-        }
-        return true;
-    }
+    bool NothingWritten() const { return pixmoor_test::AllUntouched(out); }
 };
 
 struct Defect {

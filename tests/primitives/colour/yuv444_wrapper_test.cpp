@@ -42,14 +42,7 @@ struct Args {
     }
     const uint8_t* const* SrcPlanes() const { return srcPlanesNull ? nullptr : srcPlanes; }
     uint8_t* const* DstPlanes() const { return dstPlanesNull ? nullptr : dstPlanes; }
-    bool NothingWritten() const {
-        for (const auto& b : dstBufs) {
-            if (!b.GuardsIntact()) return false;
-            for (size_t i = 0; i < b.size(); ++i)
-                if (b[i] != GuardedBuffer::kCanary) return false;
-        }
-        return true;
-    }
+    bool NothingWritten() const { return pixmoor_test::AllUntouched(dstBufs); }
 };
 
 PrimStatus Call(Member m, const Entries& e, Args& a) {
