@@ -8,6 +8,8 @@
 
 #include <memory>
 
+#include "primitive_roads.h"
+
 // RG24 to I420 overwrites its flip buffer at every Init without releasing
 // the one before: each Init after the first loses a buffer.  This is the one
 // leak the library must have; the leak check excludes this test by name.
@@ -29,3 +31,19 @@ TEST(ColourRequiredLeak, RG24ToI420LosesItsFlipBufferAtEverySecondInit) {
                                          CColorXForm::OrientDefault));
 }
 
+
+// Every Init of RG24 to I420 runs the tier selection again, and so, being a
+// repeated Init, loses a flip buffer too; excluded by name the same way.
+TEST(ColourRequiredLeak, RG24ToI420SelectsAgainAtEveryInit) {
+    colour_test::PlayedTier played(PrimTierPx);
+    std::unique_ptr<CColorXForm> x(CColorXForm::CreateInstance(FCC_RG24, FCC_I420));
+    ASSERT_TRUE(x);
+    ASSERT_TRUE(x->Init(AbsSIZE(16, 8), CColorXForm::OrientDefault, CColorXForm::OrientDefault));
+    EXPECT_EQ(PrimGetTier(), PrimTierPx);
+    played.Play(PrimTierW7);
+    EXPECT_TRUE(x->Init(AbsSIZE(8, 8), CColorXForm::OrientDefault, CColorXForm::OrientDefault));
+    EXPECT_EQ(PrimGetTier(), PrimTierW7);
+    played.Play(PrimTierM6);
+    EXPECT_TRUE(x->Init(AbsSIZE(8, 8), CColorXForm::OrientDefault, CColorXForm::OrientDefault));
+    EXPECT_EQ(PrimGetTier(), PrimTierM6);
+}

@@ -38,8 +38,11 @@ TEST(PrimitiveRoadSelection, InitSelectsTheDetectedTier) {
         }
 }
 
+// RG24 to I420 would lose a flip buffer at each repeated Init; its
+// reselection is shown beside that required leak, in its own test.
 TEST(PrimitiveRoadSelection, EveryInitSelectsAgain) {
     for (const Pair& p : kPrimitiveRoads) {
+        if (p.src == FCC_RG24) continue;
         PlayedTier played(PrimTierPx);
         XFormPtr x = Ready(p.src, p.dest, 16, 8);
         EXPECT_EQ(PrimGetTier(), PrimTierPx);
