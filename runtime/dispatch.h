@@ -27,6 +27,20 @@ static_assert(static_cast<int32_t>(kRowCount) == static_cast<int32_t>(PrimDispat
 // The slots, one per row in row order; each starts at its row's px entry.
 extern PrimEntry g_slots[kRowCount];
 
+// The entry that slot `row` holds now, when it is one of the library's own
+// four tier entries of that row; null when anything else stands there (a
+// caller's or a test's function).  The slot is read once: a routine that
+// calls the returned entry for every part of a frame runs one tier for the
+// whole frame, even if selection rewrites the slot meanwhile.
+PrimEntry OwnEntryInSlot(RowIndex row);
+
+// The same, typed as the row's member; `Fn` is the member's function
+// pointer type, e.g. decltype(&px_ImgRGBToYUV420).
+template <class Fn>
+inline Fn OwnEntryInSlot(RowIndex row) {
+    return reinterpret_cast<Fn>(OwnEntryInSlot(row));
+}
+
 // Relaxed atomic access to a word of shared runtime state: a slot, or the
 // current tier.
 #if defined(_MSC_VER) && !defined(__clang__)

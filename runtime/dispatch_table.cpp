@@ -19,6 +19,24 @@ namespace pixmoor::dispatch {
 PrimEntry g_slots[kRowCount] = {PIXMOOR_DISPATCH_ROWS(PIXMOOR_SLOT_AT_PX)};
 #undef PIXMOOR_SLOT_AT_PX
 
+namespace {
+
+// The library's own entries of each row, apart from the exported table,
+// whose entries callers may alter.
+#define PIXMOOR_OWN_ENTRIES(name) \
+    {PIXMOOR_ENTRY(px_##name), PIXMOOR_ENTRY(m6_##name), PIXMOOR_ENTRY(a6_##name), PIXMOOR_ENTRY(w7_##name)},
+const PrimEntry kOwnEntries[kRowCount][4] = {PIXMOOR_DISPATCH_ROWS(PIXMOOR_OWN_ENTRIES)};
+#undef PIXMOOR_OWN_ENTRIES
+
+}  // namespace
+
+PrimEntry OwnEntryInSlot(RowIndex row) {
+    const PrimEntry held = RelaxedLoad(&g_slots[row]);
+    for (const PrimEntry own : kOwnEntries[row])
+        if (held == own) return held;
+    return nullptr;
+}
+
 }  // namespace pixmoor::dispatch
 
 using pixmoor::dispatch::g_slots;
