@@ -9,8 +9,6 @@
 #include "colour/pixel_stores.h"
 #include "geometry/wrapping.h"
 #include "colour/repack_rows.h"
-#include "colour/strips.h"
-#include "runtime/dispatch.h"
 
 using pixmoor::WrapAdd;
 using pixmoor::WrapMul;
@@ -86,49 +84,6 @@ struct SourcePlanes {
         : planes{src, Step(src, t->srcVOffset), Step(src, t->srcUOffset)} {}
 };
 
-using ToRgbEntry = decltype(&px_ImgYUV420ToRGB);
-
-// The conversion and the expansion or packing one strip of rows at a time,
-// when the slot holds one of the library's own entries and every strip call
-// is one it accepts: each strip is converted into the start of rgbBuffer,
-// with the plane pointers moved to the strip's rows, and written out at
-// once, while it is still in the cache.  The rows come out as the two passes
-// over the whole frame give them.  Returns false, having done nothing,
-// wherever that could differ: a foreign function in the slot (called as
-// always, once for the frame), a missing buffer or plane, a size the entry
-// refuses (the loop then runs over whatever the buffer holds), or a
-// destination that shares bytes with the source (the whole frame is then
-// converted before anything is written).
-template <class Store, class Planar>
-bool ConvertAndWriteInStrips(const Planar* t, const SourcePlanes<Planar>& in, uint8_t* dst, int32_t gap) {
-    const int32_t width = t->size.cx;
-    const int32_t height = t->size.cy;
-    if (t->rgbBuffer == nullptr || in.planes[0] == nullptr || in.planes[1] == nullptr || in.planes[2] == nullptr ||
-        width < 1 || height < 1 || (width & 1) != 0)
-        return false;
-    const int32_t chromaLine = width >> 1;
-    const int32_t chromaRows = (height + 1) >> 1;
-    const ByteSpan read = ByteSpan::OfRows(in.planes[0], width, height, width)
-                              .Join(ByteSpan::OfRows(in.planes[1], chromaLine, chromaRows, chromaLine))
-                              .Join(ByteSpan::OfRows(in.planes[2], chromaLine, chromaRows, chromaLine));
-    const int32_t outLine = Store::kBytes * width;
-    if (ByteSpan::OfRows(dst, int64_t{outLine} + gap, height, outLine).Overlaps(read)) return false;
-    const ToRgbEntry convert = dispatch::OwnEntryInSlot<ToRgbEntry>(dispatch::kRow_ImgYUV420ToRGB);
-    if (convert == nullptr) return false;
-
-    const int32_t strip = StripRows(3 * width);
-    uint8_t* out = dst;
-    for (int32_t top = 0; top < height; top += strip) {
-        const int32_t rows = height - top < strip ? height - top : strip;
-        const int64_t chromaAt = int64_t{chromaLine} * (top >> 1);
-        const uint8_t* const stripPlanes[3] = {in.planes[0] + int64_t{width} * top, in.planes[1] + chromaAt,
-                                               in.planes[2] + chromaAt};
-        convert(stripPlanes, t->rgbBuffer, width, rows);
-        out = RepackBgrRows<Store>(t->rgbBuffer, out, width, rows, gap);
-    }
-    return true;
-}
-
 // The roads through the 3-byte intermediate picture: convert into
 // rgbBuffer, then write it out through Store, `gap` bytes skipped after each
 // row.  The primitive's status is dropped: should it fail, the loop runs
@@ -136,7 +91,6 @@ bool ConvertAndWriteInStrips(const Planar* t, const SourcePlanes<Planar>& in, ui
 template <class Store, class Planar>
 void ConvertThroughBuffer(const Planar* t, const uint8_t* src, uint8_t* dst, int32_t gap) {
     const SourcePlanes<Planar> in(t, src);
-    if (ConvertAndWriteInStrips<Store>(t, in, dst, gap)) return;
     ImgYUV420ToRGB(in.planes, t->rgbBuffer, t->size.cx, t->size.cy);
     RepackBgrRows<Store>(t->rgbBuffer, dst, t->size.cx, t->size.cy, gap);
 }

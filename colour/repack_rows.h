@@ -16,10 +16,9 @@ namespace pixmoor {
 // without gaps, and moves `gap` bytes on (or back) after each written row.
 // Both loops count down and test at the end of a round, so a count of 0
 // still runs one round: a picture of zero size writes one pixel.  Whole
-// vector blocks of a row go first where the processor has them.  Returns
-// where a next row would start, so that a picture can be written in parts.
+// vector blocks of a row go first where the processor has them.
 template <class Store>
-uint8_t* RepackBgrRows(const uint8_t* src, uint8_t* out, int32_t width, int32_t height, int32_t gap) {
+void RepackBgrRows(const uint8_t* src, uint8_t* out, int32_t width, int32_t height, int32_t gap) {
     // Rows that follow one another without a gap are one long row to these
     // loops: the same stores in the same order, one vector call a picture.
     if (gap == 0 && width > 0 && height > 1 && int64_t{width} * height <= INT32_MAX) {
@@ -40,7 +39,6 @@ uint8_t* RepackBgrRows(const uint8_t* src, uint8_t* out, int32_t width, int32_t 
         }
         out = Step(out, gap);
     } while (--rowsLeft > 0);
-    return out;
 }
 
 }  // namespace pixmoor

@@ -5,7 +5,9 @@
 #include <pixmoor/primitives/mirror.h>
 #include <pixmoor/runtime.h>
 
-#include "colour/strips.h"
+#include <cstring>
+
+#include "colour/byte_span.h"
 #include "geometry/wrapping.h"
 #include "runtime/dispatch.h"
 
@@ -33,45 +35,54 @@ namespace {
 using MirrorEntry = decltype(&px_ImgMirror8uC3);
 using ConvertEntry = decltype(&px_ImgRGBToYUV420);
 
-// The turn-over and the conversion one strip of rows at a time, when both
-// slots hold the library's own entries and every strip call is one those
-// entries accept: each strip of flipBuffer rows is filled from the source's
-// matching rows by the mirror entry and converted at once by the conversion
-// entry, with the plane pointers moved to the strip's rows.  The rows come
-// out as the two passes over the whole frame give them.  Returns false,
-// having done nothing, wherever that could differ: a foreign function in a
-// slot (called as always, once for the frame), a missing buffer, a size the
-// entries refuse, source rows that are not the 3*W bytes the conversion
-// steps by, or a source that shares bytes with the destination (the whole
-// turned-over copy is then taken before anything is written).
-bool MirrorAndConvertInStrips(const CColorXFormRG24ToI420* t, const uint8_t* src, uint8_t* const planes[3]) {
+// The turned-over conversion in one pass, with no turned-over copy of the
+// source.  Every tier of the conversion computes a pixel's Y from that pixel
+// alone and a block's U and V from sums over its four pixels, so a pair of
+// rows gives the same chroma whichever of the two it takes as its upper
+// row, and the same two Y rows in the other order.  So each pair of source
+// rows, read from the top down, goes through the conversion entry with the
+// chroma planes pointed at the pair's row of the turned-over picture and
+// the Y plane at two rows of flipBuffer, which are then copied out in the
+// other order: every destination byte is the one that turning the picture
+// over into flipBuffer and converting that gives.  This is taken only when
+// the slots of both primitives hold the library's own entries, and when the
+// entries would accept the whole-frame calls (a buffer, a size of at least
+// 1, an even height, source rows of the 3*W bytes the conversion steps by);
+// and only when the source shares no byte with the destination (the
+// turned-over copy is otherwise taken whole before anything is written) and
+// the three planes share none (rows are written in another order here).
+// Returns false, having done nothing, in every other case: a foreign
+// function in either slot is then called as always, once for the frame.
+bool ConvertTurnedOverByRowPairs(const CColorXFormRG24ToI420* t, const uint8_t* src, uint8_t* const planes[3]) {
     const int32_t width = t->size.cx;
     const int32_t height = t->size.cy;
     const int32_t line = t->srcLineSize;
     if (t->flipBuffer == nullptr || src == nullptr || planes[0] == nullptr || planes[1] == nullptr ||
-        planes[2] == nullptr || width < 1 || height < 1 || (width & 1) != 0 ||
+        planes[2] == nullptr || width < 1 || height < 2 || (height & 1) != 0 || (width & 1) != 0 ||
         int64_t{line} != int64_t{width} * 3)
         return false;
-    const int64_t lumaRows = width;
-    const int64_t chromaRows = width >> 1;
-    const ByteSpan written = ByteSpan::OfRows(planes[0], lumaRows, height, width)
-                                 .Join(ByteSpan::OfRows(planes[1], chromaRows, (height + 1) >> 1, width >> 1))
-                                 .Join(ByteSpan::OfRows(planes[2], chromaRows, (height + 1) >> 1, width >> 1));
-    if (ByteSpan::OfRows(src, line, height, line).Overlaps(written)) return false;
-    const MirrorEntry mirror = dispatch::OwnEntryInSlot<MirrorEntry>(dispatch::kRow_ImgMirror8uC3);
+    const int32_t chromaLine = width >> 1;
+    const int32_t chromaRows = height >> 1;
+    const ByteSpan luma = ByteSpan::OfRows(planes[0], width, height, width);
+    const ByteSpan first = ByteSpan::OfRows(planes[1], chromaLine, chromaRows, chromaLine);
+    const ByteSpan second = ByteSpan::OfRows(planes[2], chromaLine, chromaRows, chromaLine);
+    if (luma.Overlaps(first) || luma.Overlaps(second) || first.Overlaps(second) ||
+        ByteSpan::OfRows(src, line, height, line).Overlaps(luma.Join(first).Join(second)))
+        return false;
+    if (dispatch::OwnEntryInSlot<MirrorEntry>(dispatch::kRow_ImgMirror8uC3) == nullptr) return false;
     const ConvertEntry convert = dispatch::OwnEntryInSlot<ConvertEntry>(dispatch::kRow_ImgRGBToYUV420);
-    if (mirror == nullptr || convert == nullptr) return false;
+    if (convert == nullptr) return false;
 
-    const int32_t strip = StripRows(line);
-    for (int32_t top = 0; top < height; top += strip) {
-        const int32_t rows = height - top < strip ? height - top : strip;
-        // Rows top .. top+rows-1 of the turned-over picture are source rows
-        // H-top-rows .. H-1-top, in reverse order.
-        const uint8_t* from = src + int64_t{line} * (height - top - rows);
-        mirror(from, line, t->flipBuffer, line, width, rows, MirrorHorizontalAxis);
-        uint8_t* const stripPlanes[3] = {planes[0] + lumaRows * top, planes[1] + chromaRows * (top >> 1),
-                                         planes[2] + chromaRows * (top >> 1)};
-        convert(t->flipBuffer, stripPlanes, width, rows);
+    uint8_t* const lumaPair = t->flipBuffer;
+    const uint8_t* pair = src;
+    // Source rows 2j and 2j+1 are rows H-1-2j and H-2-2j of the turned-over
+    // picture, whose chroma row is H/2-1-j.
+    for (int32_t top = height - 2; top >= 0; top -= 2, pair += 2 * int64_t{line}) {
+        const int64_t chromaAt = int64_t{chromaLine} * (top >> 1);
+        uint8_t* const out[3] = {lumaPair, planes[1] + chromaAt, planes[2] + chromaAt};
+        convert(pair, out, width, 2);
+        std::memcpy(planes[0] + int64_t{width} * top, lumaPair + width, static_cast<size_t>(width));
+        std::memcpy(planes[0] + int64_t{width} * (top + 1), lumaPair, static_cast<size_t>(width));
     }
     return true;
 }
@@ -90,7 +101,7 @@ void RG24ToI420Routine(const CColorXForm* xform, const uint8_t* src, uint8_t* ds
     uint8_t* const planes[3] = {dst, Step(dst, t->destVOffset), Step(dst, t->destUOffset)};
     const uint8_t* rgb = src;
     if (t->Flips()) {
-        if (MirrorAndConvertInStrips(t, src, planes)) return;
+        if (ConvertTurnedOverByRowPairs(t, src, planes)) return;
         // Row r of the source goes to row H-1-r of flipBuffer, which is then
         // converted in its place.  Should the buffer be missing, both
         // primitives refuse the null pointer and the destination stays as
