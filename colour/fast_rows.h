@@ -47,9 +47,11 @@ inline int32_t NextBlock(int32_t at, int32_t count, int32_t block) {
 // unit has no kernel for.
 PackedToRgbRowKernel PackedToRgbRowAvx2(bool lumaHigh, RgbStoreKind store);
 PackedToRgbRowKernel PackedToRgbRowAvx512(bool lumaHigh, RgbStoreKind store);
-// (A 512-bit repacking row, which needs a dword permutation across the
-// whole vector, measured slower here than this one.)
 RepackRowKernel RepackBgrRowAvx2(RgbStoreKind store);
+// The 16-bit stores only: for "RG32" a 512-bit row, which needs a dword
+// permutation across the whole vector, measured slower here than the
+// 256-bit one.
+RepackRowKernel RepackBgrRowAvx512(RgbStoreKind store);
 PackedToI420RowKernel PackedToI420RowPairAvx2(bool lumaHigh);
 PackedToI420RowKernel PackedToI420RowPairAvx512(bool lumaHigh);
 
@@ -67,6 +69,8 @@ inline PackedToRgbRowKernel FastPackedToRgbRow(bool lumaHigh, RgbStoreKind store
 
 inline RepackRowKernel FastRepackRow(RgbStoreKind store) {
 #if PIXMOOR_HAVE_X86_TARGETS
+    if (isa::Has(isa::kAvx512))
+        if (const RepackRowKernel row = RepackBgrRowAvx512(store)) return row;
     if (isa::Has(isa::kAvx2)) return RepackBgrRowAvx2(store);
 #endif
     (void)store;
