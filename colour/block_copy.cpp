@@ -1,8 +1,11 @@
-// Where the processor reports fast string moves, a frame-sized block goes
-// through the string move instruction, which moved whole frames a few
-// percent faster here than the C library's copy (which, past a size, turns
-// to stores that bypass the cache the next step of a video chain reads
-// from).  Elsewhere the C library copies.
+// Frame-sized blocks (4 MiB and more) that lie apart go through the AVX2
+// loop where the processor has it: on such blocks it ran about 5 percent
+// faster here than the string move, and no faster on smaller ones.
+// Otherwise, where the processor reports fast string
+// moves, a block goes through the string move instruction, which moved
+// whole frames a few percent faster here than the C library's copy (which,
+// past a size, turns to stores that bypass the cache the next step of a
+// video chain reads from).  Elsewhere the C library copies.
 #include "colour/block_copy.h"
 
 #include <cstring>
@@ -25,10 +28,22 @@ bool HasFastStringMoves() {
 }
 #endif
 
+// True when the two blocks of `bytes` bytes share no byte.
+bool Apart(const uint8_t* dst, const uint8_t* src, uint32_t bytes) {
+    const auto to = reinterpret_cast<uintptr_t>(dst);
+    const auto from = reinterpret_cast<uintptr_t>(src);
+    return to >= from ? to - from >= bytes : from - to >= bytes;
+}
+
 }  // namespace
 
 void CopyBlock(uint8_t* dst, const uint8_t* src, uint32_t bytes) {
 #if PIXMOOR_HAVE_X86_TARGETS
+    constexpr uint32_t kVectorLoopBytes = 4u << 20;
+    if (bytes >= kVectorLoopBytes && isa::Has(isa::kAvx2) && Apart(dst, src, bytes)) {
+        CopyBlockAvx2(dst, src, bytes);
+        return;
+    }
     static const bool fastStrings = HasFastStringMoves();
     if (fastStrings) {
         std::size_t count = bytes;
