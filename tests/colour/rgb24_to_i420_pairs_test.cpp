@@ -59,7 +59,8 @@ TEST(Rgb24ToI420Pairs, GiveTheBytesOfTheWholeFramePassesAndTheModel) {
     uint32_t seed = 700;
     for (int tier : yuv420_model::kTiers) {
         PlayedTier played(tier);
-        for (auto [w, h] : PairSizes()) {
+        for (const auto& size : PairSizes()) {
+            const int w = size.first, h = size.second;
             SCOPED_TRACE(std::string(yuv420_model::TierName(tier)) + " " + SizeName(w, h));
             const std::vector<uint8_t> rg24 = RandomBytes(size_t(3) * w * h, seed++);
             XFormPtr x = Ready(FCC_RG24, FCC_I420, w, h);
