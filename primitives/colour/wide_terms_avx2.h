@@ -30,10 +30,29 @@ static_assert(wide::kRFromV - kRvRest == 65536 && wide::kBFromU - kBuRest == 2 *
                   wide::kGFromV + kGvRest == 65536,
               "whole parts as the kernels add them");
 
-// The G factors against (du, dv) in the low and high halves of a lane.
-PIXMOOR_TARGET_AVX2 inline __m256i GreenFactors() {
-    return _mm256_set1_epi32(static_cast<int32_t>((static_cast<uint32_t>(static_cast<uint16_t>(kGvRest)) << 16) |
-                                                  static_cast<uint16_t>(-wide::kGFromU)));
+// Two 16-bit values as one 32-bit lane: `low` in the low half.
+constexpr int32_t LanePair(int32_t low, int32_t high) {
+    return static_cast<int32_t>((static_cast<uint32_t>(static_cast<uint16_t>(high)) << 16) | static_cast<uint16_t>(low));
+}
+
+// Against (du, dv) in the low and high halves of a lane: the G factors;
+// the remainders of B's and R's factors; their whole parts (2 and 1).
+constexpr int32_t kGreenFactors = LanePair(-wide::kGFromU, kGvRest);
+constexpr int32_t kBlueRedRests = LanePair(kBuRest, kRvRest);
+constexpr int32_t kBlueRedWholes = LanePair(2, 1);
+
+PIXMOOR_TARGET_AVX2 inline __m256i GreenFactors() { return _mm256_set1_epi32(kGreenFactors); }
+
+// Of chroma pairs held as du in the low and dv in the high half of each
+// lane: B's term in the low and R's in the high half; and G's term in the
+// high half (the high half of the multiply-add is its sum shifted right by
+// 16 already, from which dv is taken; the low half holds no use).
+PIXMOOR_TARGET_AVX2 inline __m256i BlueRedTerms(__m256i c) {
+    return _mm256_add_epi16(_mm256_mullo_epi16(c, _mm256_set1_epi32(kBlueRedWholes)),
+                            _mm256_mulhi_epi16(c, _mm256_set1_epi32(kBlueRedRests)));
+}
+PIXMOOR_TARGET_AVX2 inline __m256i GreenTermHigh(__m256i c) {
+    return _mm256_sub_epi16(_mm256_madd_epi16(c, GreenFactors()), c);
 }
 
 // The three terms t >> 16 of chroma pairs held as du in the low and dv in
