@@ -122,6 +122,21 @@ PIXMOOR_TARGET_AVX512 inline void StoreChroma(uint8_t* u, uint8_t* v, __m512i uL
     _mm_storeu_si128(reinterpret_cast<__m128i*>(v), _mm256_extracti128_si256(uv, 1));
 }
 
+// After packing (V, U) words of 4 lanes: the 4 V bytes, then the 4 U bytes.
+alignas(16) inline constexpr int8_t kSplitPairs[16] = {0, 2, 4, 6, 1, 3, 5, 7, -128, -128, -128, -128, -128, -128, -128, -128};
+
+// Stores 16 V and 16 U samples from 16-bit lanes holding V in the low and
+// U in the high half of each 32-bit lane, each saturated to a byte.
+PIXMOOR_TARGET_AVX512 inline void StoreChromaWords(uint8_t* u, uint8_t* v, __m512i vu) {
+    // Per 128-bit lane: V of its 4 lanes in bytes 0 to 3, U in bytes 4 to 7.
+    const __m512i bytes = _mm512_shuffle_epi8(_mm512_packus_epi16(vu, vu),
+                                              Mask(kSplitPairs));
+    const __m512i pick = _mm512_setr_epi32(0, 4, 8, 12, 1, 5, 9, 13, 0, 0, 0, 0, 0, 0, 0, 0);
+    const __m256i vThenU = _mm512_castsi512_si256(_mm512_permutexvar_epi32(pick, bytes));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(v), _mm256_castsi256_si128(vThenU));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(u), _mm256_extracti128_si256(vThenU, 1));
+}
+
 }  // namespace pixmoor::colour::avx512
 
 #endif  // PIXMOOR_HAVE_X86_TARGETS
