@@ -14,6 +14,7 @@
 
 #include "primitives/colour/avx512_intrinsics.h"
 
+#include <array>
 #include <cstdint>
 
 namespace pixmoor::colour::avx512 {
@@ -104,28 +105,32 @@ PIXMOOR_TARGET_AVX512 inline __m512i PairSums(__m512i first, __m512i second) {
     return _mm512_add_epi32(_mm512_unpacklo_epi64(first, second), _mm512_unpackhi_epi64(first, second));
 }
 
-// Byte 0 (or 2) of each 32-bit lane gathered, in pixel order, into the
-// first 4 bytes of its 128-bit lane; the rest cleared.
-PIXMOOR_TARGET_AVX512 inline __m512i GatherByte(__m512i x, int byte) {
-    const char b = static_cast<char>(byte);
-    return _mm512_shuffle_epi8(x, _mm512_broadcast_i32x4(_mm_setr_epi8(b, static_cast<char>(b + 8),
-                                                                       static_cast<char>(b + 4),
-                                                                       static_cast<char>(b + 12), -128, -128,
-                                                                       -128, -128, -128, -128, -128, -128,
-                                                                       -128, -128, -128, -128)));
+// The word permute that takes 16-bit half `half` (0 low, 1 high) of each
+// 32-bit lane of two registers of 16 pixels (even-odd order in each
+// 128-bit lane), in pixel order: 32 words.
+constexpr std::array<int16_t, 32> MakeHalvesInPixelOrder(int half) {
+    constexpr int kSlotOfPixel[4] = {0, 2, 1, 3};
+    std::array<int16_t, 32> t{};
+    for (int p = 0; p < 32; ++p) {
+        const int reg = p / 16, q = p % 16;
+        t[p] = static_cast<int16_t>(32 * reg + 2 * (4 * (q / 4) + kSlotOfPixel[q % 4]) + half);
+    }
+    return t;
 }
 
-// The first 32-bit lanes of each 128-bit lane of a and then of b: 32 bytes
-// in order after GatherByte.
-PIXMOOR_TARGET_AVX512 inline __m256i FirstLanes(__m512i a, __m512i b) {
-    const __m512i pick = _mm512_setr_epi32(0, 4, 8, 12, 16, 20, 24, 28, 0, 0, 0, 0, 0, 0, 0, 0);
-    return _mm512_castsi512_si256(_mm512_permutex2var_epi32(a, pick, b));
+alignas(64) inline constexpr std::array<int16_t, 32> kLowHalves = MakeHalvesInPixelOrder(0);
+alignas(64) inline constexpr std::array<int16_t, 32> kHighHalves = MakeHalvesInPixelOrder(1);
+
+// Half `half` of each 32-bit lane of first and then second, in pixel order,
+// as 32 words.
+PIXMOOR_TARGET_AVX512 inline __m512i HalvesInPixelOrder(__m512i first, __m512i second, int half) {
+    const __m512i pick = _mm512_load_si512((half ? kHighHalves : kLowHalves).data());
+    return _mm512_permutex2var_epi16(first, pick, second);
 }
 
-// Stores byte `byte` of each 32-bit lane of first and then second: 32
-// bytes.
-PIXMOOR_TARGET_AVX512 inline void StoreBytes(uint8_t* p, __m512i first, __m512i second, int byte) {
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), FirstLanes(GatherByte(first, byte), GatherByte(second, byte)));
+// Stores the low bytes of 32 words.
+PIXMOOR_TARGET_AVX512 inline void StoreLowBytes(uint8_t* p, __m512i words) {
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm512_cvtepi16_epi8(words));
 }
 
 // 32 pixels of each of two lines, 16 a register.  `more` says that bytes

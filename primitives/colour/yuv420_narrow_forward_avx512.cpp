@@ -41,8 +41,8 @@ PIXMOOR_TARGET_AVX512 int32_t NarrowToYuv420Avx512(const uint8_t* top, const uin
         const __m512i db0 = _mm512_srai_epi32(WeightedSum(p.bottom0), 14),
                       db1 = _mm512_srai_epi32(WeightedSum(p.bottom1), 14);
         // Y = D >> 1 is at most 255.
-        avx512::StoreBytes(y0 + 2 * j, _mm512_srai_epi32(dt0, 1), _mm512_srai_epi32(dt1, 1), 0);
-        avx512::StoreBytes(y1 + 2 * j, _mm512_srai_epi32(db0, 1), _mm512_srai_epi32(db1, 1), 0);
+        avx512::StoreLowBytes(y0 + 2 * j, _mm512_srli_epi16(avx512::HalvesInPixelOrder(dt0, dt1, 0), 1));
+        avx512::StoreLowBytes(y1 + 2 * j, _mm512_srli_epi16(avx512::HalvesInPixelOrder(db0, db1, 0), 1));
 
         // A, twice the block's mean luma (below 512), in both halves of
         // each lane; the halved R and B sums beside each other.

@@ -40,9 +40,9 @@ PIXMOOR_TARGET_AVX512 int32_t WideToYuv420Avx512(const uint8_t* top, const uint8
         // Every step but the last has a next one, whose bytes may be read.
         const avx512::TwoLines32 p = avx512::LoadTwoLines32(top + at, bottom + at, j + 16 < whole);
         const __m512i ft0 = Luma(p.top0), ft1 = Luma(p.top1), fb0 = Luma(p.bottom0), fb1 = Luma(p.bottom1);
-        // Y is byte 2 of a luma below 2^24.
-        avx512::StoreBytes(y0 + 2 * j, ft0, ft1, 2);
-        avx512::StoreBytes(y1 + 2 * j, fb0, fb1, 2);
+        // Y is the high half of a luma below 2^24.
+        avx512::StoreLowBytes(y0 + 2 * j, avx512::HalvesInPixelOrder(ft0, ft1, 1));
+        avx512::StoreLowBytes(y1 + 2 * j, avx512::HalvesInPixelOrder(fb0, fb1, 1));
 
         // ((channel sum << 16) - luma sum + bias) >> 16 is the channel sum
         // plus M = (bias - luma sum) >> 16, since the shifted sum has no
