@@ -55,21 +55,6 @@ PIXMOOR_TARGET_AVX2 inline __m256i GreenTermHigh(__m256i c) {
     return _mm256_sub_epi16(_mm256_madd_epi16(c, GreenFactors()), c);
 }
 
-// The three terms t >> 16 of chroma pairs held as du in the low and dv in
-// the high half of each 32-bit lane: R's term lands in the high half, G's
-// and B's in the low half (the other halves hold no use).
-struct PairTerms {
-    __m256i r, g, b;
-};
-
-PIXMOOR_TARGET_AVX2 inline PairTerms TermsOfPairs(__m256i c) {
-    return PairTerms{
-        _mm256_add_epi16(c, _mm256_mulhi_epi16(c, _mm256_set1_epi16(kRvRest))),
-        _mm256_sub_epi16(_mm256_srai_epi32(_mm256_madd_epi16(c, GreenFactors()), 16), _mm256_srli_epi32(c, 16)),
-        _mm256_add_epi16(_mm256_add_epi16(c, c), _mm256_mulhi_epi16(c, _mm256_set1_epi16(kBuRest))),
-    };
-}
-
 }  // namespace pixmoor::colour::avx2
 
 #endif  // PIXMOOR_HAVE_X86_TARGETS
