@@ -10,6 +10,8 @@
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_PACKED422_AVX2_H
 #define PIXMOOR_PRIMITIVES_COLOUR_PACKED422_AVX2_H
 
+#include "primitives/colour/wide_terms_avx2.h"
+#include "primitives/colour/yuv422_arith.h"
 #include "runtime/isa.h"
 
 #if PIXMOOR_HAVE_X86_TARGETS
@@ -77,6 +79,12 @@ PIXMOOR_TARGET_AVX2 inline __m256i Lanes(const int8_t* m) {
 PIXMOOR_TARGET_AVX2 inline __m256i CentredPairChroma(__m256i bytes) {
     return _mm256_sub_epi16(_mm256_shuffle_epi8(bytes, Lanes(kPairChroma)), _mm256_set1_epi16(128));
 }
+
+// The narrow main-loop factors of a6 and w7 against (16 du, 16 dv) in the
+// low and high halves of a lane: B's and R's; G's two.
+static_assert(yuv422::kInverse.ru == 0, "R takes no U term in these kernels");
+constexpr int32_t kNarrowBlueRed = LanePair(yuv422::kInverse.bu, yuv422::kInverse.rv);
+constexpr int32_t kNarrowGreen = LanePair(yuv422::kInverse.gu, yuv422::kInverse.gv);
 
 // The chroma terms of 8 pairs: `blueRed` holds B's term in the low and R's
 // in the high half of each lane, `green` G's term in the high half.

@@ -11,22 +11,17 @@
 #include <immintrin.h>
 
 #include "primitives/colour/packed422_avx2.h"
-#include "primitives/colour/wide_terms_avx2.h"
-#include "primitives/colour/yuv422_arith.h"
 
 namespace pixmoor::colour::fast {
 namespace {
 
-static_assert(yuv422::kInverse.ru == 0, "R takes no U term in these kernels");
-
+// 16 (U - 128) low and 16 (V - 128) high; G's two terms summed in the
+// high half.
 PIXMOOR_TARGET_AVX2 avx2::PairTerms Terms(__m256i bytes) {
-    constexpr narrow::InverseFactors f = yuv422::kInverse;
-    // 16 (U - 128) low and 16 (V - 128) high.
     const __m256i c = _mm256_slli_epi16(avx2::CentredPairChroma(bytes), 4);
-    const __m256i blueRed = _mm256_srai_epi16(_mm256_mulhi_epi16(c, _mm256_set1_epi32(avx2::LanePair(f.bu, f.rv))), 1);
-    const __m256i g2 = _mm256_mulhi_epi16(c, _mm256_set1_epi32(avx2::LanePair(f.gu, f.gv)));
-    const __m256i green = _mm256_srai_epi16(_mm256_add_epi16(g2, _mm256_slli_epi32(g2, 16)), 1);  // high half
-    return avx2::PairTerms{blueRed, green};
+    const __m256i g2 = _mm256_mulhi_epi16(c, _mm256_set1_epi32(avx2::kNarrowGreen));
+    return avx2::PairTerms{_mm256_srai_epi16(_mm256_mulhi_epi16(c, _mm256_set1_epi32(avx2::kNarrowBlueRed)), 1),
+                           _mm256_srai_epi16(_mm256_add_epi16(g2, _mm256_slli_epi32(g2, 16)), 1)};
 }
 
 }  // namespace

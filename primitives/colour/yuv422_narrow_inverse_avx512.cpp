@@ -7,22 +7,17 @@
 
 #include "primitives/colour/avx512_intrinsics.h"
 #include "primitives/colour/packed422_avx512.h"
-#include "primitives/colour/wide_terms_avx2.h"
-#include "primitives/colour/yuv422_arith.h"
 
 namespace pixmoor::colour::fast {
 namespace {
 
-static_assert(yuv422::kInverse.ru == 0, "R takes no U term in these kernels");
-
+// 16 (U - 128) low and 16 (V - 128) high; G's two terms summed in the
+// high half.
 PIXMOOR_TARGET_AVX512 avx512::PairTerms Terms(__m512i bytes) {
-    constexpr narrow::InverseFactors f = yuv422::kInverse;
-    // 16 (U - 128) low and 16 (V - 128) high.
     const __m512i c = _mm512_slli_epi16(avx512::CentredPairChroma(bytes), 4);
-    const __m512i blueRed = _mm512_srai_epi16(_mm512_mulhi_epi16(c, _mm512_set1_epi32(avx2::LanePair(f.bu, f.rv))), 1);
-    const __m512i g2 = _mm512_mulhi_epi16(c, _mm512_set1_epi32(avx2::LanePair(f.gu, f.gv)));
-    const __m512i green = _mm512_srai_epi16(_mm512_add_epi16(g2, _mm512_slli_epi32(g2, 16)), 1);  // high half
-    return avx512::PairTerms{blueRed, green};
+    const __m512i g2 = _mm512_mulhi_epi16(c, _mm512_set1_epi32(avx2::kNarrowGreen));
+    return avx512::PairTerms{_mm512_srai_epi16(_mm512_mulhi_epi16(c, _mm512_set1_epi32(avx2::kNarrowBlueRed)), 1),
+                             _mm512_srai_epi16(_mm512_add_epi16(g2, _mm512_slli_epi32(g2, 16)), 1)};
 }
 
 }  // namespace
