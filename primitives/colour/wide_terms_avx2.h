@@ -1,5 +1,5 @@
-// The wide inverse chroma terms in 16-bit lanes, for the AVX2 row kernels
-// of px and m6.  The plain kernels compute clamp((Y << 16 + t) >> 16) with
+// The wide arithmetic in 16-bit lanes, for the vector row kernels of px and
+// m6: the inverse chroma terms and, at the end, the forward chroma factors.  The plain kernels compute clamp((Y << 16 + t) >> 16) with
 // a chroma term t at 16 fraction bits.  Since Y << 16 has no fraction,
 // that is clamp(Y + (t >> 16)), and t >> 16 depends on the chroma alone.
 // Each factor is split into a whole multiple of 65536 and a remainder that
@@ -54,6 +54,13 @@ PIXMOOR_TARGET_AVX2 inline __m256i BlueRedTerms(__m256i c) {
 PIXMOOR_TARGET_AVX2 inline __m256i GreenTermHigh(__m256i c) {
     return _mm256_sub_epi16(_mm256_madd_epi16(c, GreenFactors()), c);
 }
+
+// Forward: the chroma of blocks from T' (R) in the low and T (B) in the
+// high 16-bit half of each lane, T being ((channel sum << 16) - luma sum +
+// bias) >> 16, which is the channel sum plus the high half of bias - luma
+// sum.  (T times the factor) >> 18 is a multiply-high and a shift of 2;
+// V's factor 57475 is 65536 - 8061, whose whole part adds T' itself.
+constexpr int32_t kChromaRests = LanePair(wide::kFactorV - 65536, wide::kFactorU);
 
 }  // namespace pixmoor::colour::avx2
 

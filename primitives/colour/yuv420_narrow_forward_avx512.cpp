@@ -21,9 +21,6 @@ PIXMOOR_TARGET_AVX512 __m512i WeightedSum(const avx512::Pixels& p) {
     return _mm512_add_epi32(_mm512_madd_epi16(p.rb, wRB), _mm512_madd_epi16(p.gg, wG0));
 }
 
-// The low 16-bit half of each 32-bit lane into both halves.
-alignas(16) constexpr int8_t kLowHalfToBoth[16] = {0, 1, 0, 1, 4, 5, 4, 5, 8, 9, 8, 9, 12, 13, 12, 13};
-
 }  // namespace
 
 PIXMOOR_TARGET_AVX512 int32_t NarrowToYuv420Avx512(const uint8_t* top, const uint8_t* bottom,
@@ -48,7 +45,7 @@ PIXMOOR_TARGET_AVX512 int32_t NarrowToYuv420Avx512(const uint8_t* top, const uin
         // each lane; the halved R and B sums beside each other.
         const __m512i mean = _mm512_shuffle_epi8(
             _mm512_srai_epi32(avx512::PairSums(_mm512_add_epi32(dt0, db0), _mm512_add_epi32(dt1, db1)), 2),
-            avx512::Mask(kLowHalfToBoth));
+            avx512::Mask(avx2::kLowHalfToBoth));
         const __m512i halves = _mm512_srli_epi16(avx512::PairSums(_mm512_add_epi32(p.top0.rb, p.bottom0.rb),
                                                                   _mm512_add_epi32(p.top1.rb, p.bottom1.rb)),
                                                  1);

@@ -17,9 +17,6 @@
 namespace pixmoor::colour::fast {
 namespace {
 
-// The high 16-bit half of each 32-bit lane into both halves.
-alignas(16) constexpr int8_t kHighHalfToBoth[16] = {2, 3, 2, 3, 6, 7, 6, 7, 10, 11, 10, 11, 14, 15, 14, 15};
-
 PIXMOOR_TARGET_AVX512 __m512i Luma(const avx512::Pixels& p) {
     const __m512i wRB = _mm512_set1_epi32((wide::kWeightB << 16) | wide::kWeightR);
     const __m512i wGG = _mm512_set1_epi32(((wide::kWeightG / 2) << 16) | (wide::kWeightG / 2));
@@ -54,10 +51,9 @@ PIXMOOR_TARGET_AVX512 int32_t WideToYuv420Avx512(const uint8_t* top, const uint8
         // it never carries into the B half of its 32-bit lane.
         const __m512i rb = avx512::PairSums(_mm512_add_epi32(p.top0.rb, p.bottom0.rb), _mm512_add_epi32(p.top1.rb, p.bottom1.rb));
         // T' (R) in the low and T (B) in the high half of each lane.
-        const __m512i t = _mm512_add_epi16(rb, _mm512_shuffle_epi8(biasLessLuma, avx512::Mask(kHighHalfToBoth)));
-        // (T times the factor) >> 18 as mulhi and a shift of 2; V's factor
-        // 57475 is 65536 - 8061, whose whole part adds T' itself.
-        const __m512i high = _mm512_mulhi_epi16(t, _mm512_set1_epi32(avx2::LanePair(wide::kFactorV - 65536, wide::kFactorU)));
+        const __m512i t = _mm512_add_epi16(rb, _mm512_shuffle_epi8(biasLessLuma, avx512::Mask(avx2::kHighHalfToBoth)));
+        // (T times the factor) >> 18, as wide_terms_avx2.h says.
+        const __m512i high = _mm512_mulhi_epi16(t, _mm512_set1_epi32(avx2::kChromaRests));
         const __m512i scaled = _mm512_mask_add_epi16(high, 0x55555555u, high, t);
         // V (clamped by the saturating pack) low, U high.
         avx512::StoreChromaWords(uOut + j, vOut + j, _mm512_add_epi16(_mm512_srai_epi16(scaled, 2), _mm512_set1_epi16(128)));
