@@ -11,13 +11,14 @@
 namespace pixmoor::colour::fast {
 namespace {
 
-// 16 (U - 128) low and 16 (V - 128) high; G's two terms summed in the
-// high half.
+// B's and R's terms halved, (mulhi(16 d, f) >> 1), are mulhi(8 d, f):
+// both are 8 d f >> 16.  G's two terms are each mulhi(16 d, f); their sum
+// halved lands in the high half by a multiply-add and a shift by 15.
 PIXMOOR_TARGET_AVX512 avx512::PairTerms Terms(__m512i bytes) {
-    const __m512i c = _mm512_slli_epi16(avx512::CentredPairChroma(bytes), 4);
-    const __m512i g2 = _mm512_mulhi_epi16(c, _mm512_set1_epi32(avx2::kNarrowGreen));
-    return avx512::PairTerms{_mm512_srai_epi16(_mm512_mulhi_epi16(c, _mm512_set1_epi32(avx2::kNarrowBlueRed)), 1),
-                             _mm512_srai_epi16(_mm512_add_epi16(g2, _mm512_slli_epi32(g2, 16)), 1)};
+    const __m512i c8 = _mm512_slli_epi16(avx512::CentredPairChroma(bytes), 3);  // 8 (U - 128) low, 8 (V - 128) high
+    const __m512i g2 = _mm512_mulhi_epi16(_mm512_add_epi16(c8, c8), _mm512_set1_epi32(avx2::kNarrowGreen));
+    return avx512::PairTerms{_mm512_mulhi_epi16(c8, _mm512_set1_epi32(avx2::kNarrowBlueRed)),
+                             _mm512_slli_epi32(_mm512_madd_epi16(g2, _mm512_set1_epi16(1)), 15)};
 }
 
 }  // namespace
