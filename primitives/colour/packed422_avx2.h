@@ -23,10 +23,7 @@
 
 namespace pixmoor::colour::avx2 {
 
-// Per pair lane: byte 1 (U) and byte 3 (V) to the two 16-bit halves; byte
-// 0 (Y0) or byte 2 (Y1) to both.
-alignas(16) inline constexpr int8_t kPairChroma[16] = {1, -128, 3, -128, 5, -128, 7, -128,
-                                                       9, -128, 11, -128, 13, -128, 15, -128};
+// Per pair lane: byte 0 (Y0) or byte 2 (Y1) to both 16-bit halves.
 alignas(16) inline constexpr int8_t kFirstLuma[16] = {0, -128, 0, -128, 4, -128, 4, -128,
                                                       8, -128, 8, -128, 12, -128, 12, -128};
 alignas(16) inline constexpr int8_t kSecondLuma[16] = {2, -128, 2, -128, 6, -128, 6, -128,
@@ -75,9 +72,20 @@ PIXMOOR_TARGET_AVX2 inline __m256i Lanes(const int8_t* m) {
     return _mm256_broadcastsi128_si256(_mm_load_si128(reinterpret_cast<const __m128i*>(m)));
 }
 
-// U - 128 and V - 128 of 8 pairs in the low and high halves of their lanes.
-PIXMOOR_TARGET_AVX2 inline __m256i CentredPairChroma(__m256i bytes) {
-    return _mm256_sub_epi16(_mm256_shuffle_epi8(bytes, Lanes(kPairChroma)), _mm256_set1_epi16(128));
+// Bytes 0 to 3 of a lane as weights for an unsigned-by-signed byte
+// multiply-add, which sums the products of bytes 0 and 1 into the low and
+// of bytes 2 and 3 into the high 16-bit half.
+constexpr int32_t ByteWeights(int b0, int b1, int b2, int b3) {
+    return static_cast<int32_t>(static_cast<uint32_t>(b0 & 0xFF) | static_cast<uint32_t>(b1 & 0xFF) << 8 |
+                                static_cast<uint32_t>(b2 & 0xFF) << 16 | static_cast<uint32_t>(b3 & 0xFF) << 24);
+}
+
+// scale (U - 128) and scale (V - 128) of 8 pairs in the low and high halves
+// of their lanes (scale up to 8): U and V picked and scaled by one
+// multiply-add.
+PIXMOOR_TARGET_AVX2 inline __m256i CentredPairChroma(__m256i bytes, int scale) {
+    return _mm256_sub_epi16(_mm256_maddubs_epi16(bytes, _mm256_set1_epi32(ByteWeights(0, scale, 0, scale))),
+                            _mm256_set1_epi16(static_cast<int16_t>(128 * scale)));
 }
 
 // The narrow main-loop factors of a6 and w7 against (16 du, 16 dv) in the

@@ -26,9 +26,10 @@ PIXMOOR_TARGET_AVX512 inline __m512i Lanes(const int8_t* m) {
     return _mm512_broadcast_i32x4(_mm_load_si128(reinterpret_cast<const __m128i*>(m)));
 }
 
-// U - 128 and V - 128 of 16 pairs in the low and high halves of their lanes.
-PIXMOOR_TARGET_AVX512 inline __m512i CentredPairChroma(__m512i bytes) {
-    return _mm512_sub_epi16(_mm512_shuffle_epi8(bytes, Lanes(avx2::kPairChroma)), _mm512_set1_epi16(128));
+// scale (U - 128) and scale (V - 128) of 16 pairs, as avx2::CentredPairChroma.
+PIXMOOR_TARGET_AVX512 inline __m512i CentredPairChroma(__m512i bytes, int scale) {
+    return _mm512_sub_epi16(_mm512_maddubs_epi16(bytes, _mm512_set1_epi32(avx2::ByteWeights(0, scale, 0, scale))),
+                            _mm512_set1_epi16(static_cast<int16_t>(128 * scale)));
 }
 
 // AVX-512 windows: bytes 0-11 and 12-23, put together across lanes by

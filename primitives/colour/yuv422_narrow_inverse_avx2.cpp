@@ -19,7 +19,7 @@ namespace {
 // both are 8 d f >> 16.  G's two terms are each mulhi(16 d, f); their sum
 // halved lands in the high half by a multiply-add and a shift by 15.
 PIXMOOR_TARGET_AVX2 avx2::PairTerms Terms(__m256i bytes) {
-    const __m256i c8 = _mm256_slli_epi16(avx2::CentredPairChroma(bytes), 3);  // 8 (U - 128) low, 8 (V - 128) high
+    const __m256i c8 = avx2::CentredPairChroma(bytes, 8);  // 8 (U - 128) low, 8 (V - 128) high
     const __m256i g2 = _mm256_mulhi_epi16(_mm256_add_epi16(c8, c8), _mm256_set1_epi32(avx2::kNarrowGreen));
     return avx2::PairTerms{_mm256_mulhi_epi16(c8, _mm256_set1_epi32(avx2::kNarrowBlueRed)),
                            _mm256_slli_epi32(_mm256_madd_epi16(g2, _mm256_set1_epi16(1)), 15)};

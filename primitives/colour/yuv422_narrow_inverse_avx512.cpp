@@ -15,7 +15,7 @@ namespace {
 // both are 8 d f >> 16.  G's two terms are each mulhi(16 d, f); their sum
 // halved lands in the high half by a multiply-add and a shift by 15.
 PIXMOOR_TARGET_AVX512 avx512::PairTerms Terms(__m512i bytes) {
-    const __m512i c8 = _mm512_slli_epi16(avx512::CentredPairChroma(bytes), 3);  // 8 (U - 128) low, 8 (V - 128) high
+    const __m512i c8 = avx512::CentredPairChroma(bytes, 8);  // 8 (U - 128) low, 8 (V - 128) high
     const __m512i g2 = _mm512_mulhi_epi16(_mm512_add_epi16(c8, c8), _mm512_set1_epi32(avx2::kNarrowGreen));
     return avx512::PairTerms{_mm512_mulhi_epi16(c8, _mm512_set1_epi32(avx2::kNarrowBlueRed)),
                              _mm512_slli_epi32(_mm512_madd_epi16(g2, _mm512_set1_epi16(1)), 15)};

@@ -14,7 +14,7 @@ namespace pixmoor::colour::fast {
 namespace {
 
 PIXMOOR_TARGET_AVX2 avx2::PairTerms Terms(__m256i bytes) {
-    const __m256i c = avx2::CentredPairChroma(bytes);  // du low, dv high
+    const __m256i c = avx2::CentredPairChroma(bytes, 1);  // du low, dv high
     return avx2::PairTerms{avx2::BlueRedTerms(c), avx2::GreenTermHigh(c)};
 }
 

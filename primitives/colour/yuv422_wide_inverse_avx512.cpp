@@ -13,7 +13,7 @@ namespace pixmoor::colour::fast {
 namespace {
 
 PIXMOOR_TARGET_AVX512 avx512::PairTerms Terms(__m512i bytes) {
-    const __m512i c = avx512::CentredPairChroma(bytes);  // du low, dv high
+    const __m512i c = avx512::CentredPairChroma(bytes, 1);  // du low, dv high
     // 2 du + mulhi(du, 2097) low, dv + mulhi(dv, 9175) high; the whole
     // parts by a shift of each half by its own count.
     const __m512i blueRed = _mm512_add_epi16(_mm512_sllv_epi16(c, _mm512_set1_epi32(avx2::LanePair(1, 0))),
