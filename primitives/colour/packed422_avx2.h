@@ -10,6 +10,7 @@
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_PACKED422_AVX2_H
 #define PIXMOOR_PRIMITIVES_COLOUR_PACKED422_AVX2_H
 
+#include "primitives/colour/lane_constants.h"
 #include "primitives/colour/wide_terms_avx2.h"
 #include "primitives/colour/yuv422_arith.h"
 #include "runtime/isa.h"
@@ -70,14 +71,6 @@ alignas(16) inline constexpr PairWindow kTailWindow = MakePairWindow(8, 16);
 
 PIXMOOR_TARGET_AVX2 inline __m256i Lanes(const int8_t* m) {
     return _mm256_broadcastsi128_si256(_mm_load_si128(reinterpret_cast<const __m128i*>(m)));
-}
-
-// Bytes 0 to 3 of a lane as weights for an unsigned-by-signed byte
-// multiply-add, which sums the products of bytes 0 and 1 into the low and
-// of bytes 2 and 3 into the high 16-bit half.
-constexpr int32_t ByteWeights(int b0, int b1, int b2, int b3) {
-    return static_cast<int32_t>(static_cast<uint32_t>(b0 & 0xFF) | static_cast<uint32_t>(b1 & 0xFF) << 8 |
-                                static_cast<uint32_t>(b2 & 0xFF) << 16 | static_cast<uint32_t>(b3 & 0xFF) << 24);
 }
 
 // scale (U - 128) and scale (V - 128) of 8 pairs in the low and high halves

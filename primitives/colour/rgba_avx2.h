@@ -5,6 +5,7 @@
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_RGBA_AVX2_H
 #define PIXMOOR_PRIMITIVES_COLOUR_RGBA_AVX2_H
 
+#include "primitives/colour/lane_constants.h"
 #include "runtime/isa.h"
 
 #if PIXMOOR_HAVE_X86_TARGETS
@@ -15,11 +16,7 @@
 
 namespace pixmoor::colour::avx2 {
 
-// Per pixel (a 32-bit lane): bytes 1 and 2 (U and V) to the two 16-bit
-// halves.
-alignas(16) inline constexpr int8_t kChromaWords[16] = {1, -128, 2, -128, 5, -128, 6, -128,
-                                                        9, -128, 10, -128, 13, -128, 14, -128};
-// Per pixel: byte 0 (Y) to both 16-bit halves.
+// Per pixel (a 32-bit lane): byte 0 (Y) to both 16-bit halves.
 alignas(16) inline constexpr int8_t kLumaWords[16] = {0, -128, 0, -128, 4, -128, 4, -128,
                                                       8, -128, 8, -128, 12, -128, 12, -128};
 // After packing the (B, R) words of 4 pixels and the (-, G) words of the
@@ -31,9 +28,12 @@ PIXMOOR_TARGET_AVX2 inline __m256i Broadcast(const int8_t (&m)[16]) {
     return _mm256_broadcastsi128_si256(_mm_load_si128(reinterpret_cast<const __m128i*>(m)));
 }
 
-// U - 128 and V - 128 of 8 pixels in the low and high halves of their lanes.
-PIXMOOR_TARGET_AVX2 inline __m256i CentredChroma(__m256i pixels) {
-    return _mm256_sub_epi16(_mm256_shuffle_epi8(pixels, Broadcast(kChromaWords)), _mm256_set1_epi16(128));
+// scale (U - 128) and scale (V - 128) of 8 pixels in the low and high
+// halves of their lanes (scale up to 8): bytes 1 and 2 picked and scaled by
+// one unsigned-by-signed byte multiply-add.
+PIXMOOR_TARGET_AVX2 inline __m256i CentredChroma(__m256i pixels, int scale) {
+    return _mm256_sub_epi16(_mm256_maddubs_epi16(pixels, _mm256_set1_epi32(ByteWeights(0, scale, scale, 0))),
+                            _mm256_set1_epi16(static_cast<int16_t>(128 * scale)));
 }
 
 // Y of 8 pixels in both halves of their lanes.

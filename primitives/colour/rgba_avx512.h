@@ -20,9 +20,10 @@ PIXMOOR_TARGET_AVX512 inline __m512i Broadcast(const int8_t (&m)[16]) {
     return _mm512_broadcast_i32x4(_mm_load_si128(reinterpret_cast<const __m128i*>(m)));
 }
 
-// U - 128 and V - 128 of 16 pixels in the low and high halves of their lanes.
-PIXMOOR_TARGET_AVX512 inline __m512i CentredChroma(__m512i pixels) {
-    return _mm512_sub_epi16(_mm512_shuffle_epi8(pixels, Broadcast(avx2::kChromaWords)), _mm512_set1_epi16(128));
+// scale (U - 128) and scale (V - 128) of 16 pixels, as avx2::CentredChroma.
+PIXMOOR_TARGET_AVX512 inline __m512i CentredChroma(__m512i pixels, int scale) {
+    return _mm512_sub_epi16(_mm512_maddubs_epi16(pixels, _mm512_set1_epi32(avx2::ByteWeights(0, scale, scale, 0))),
+                            _mm512_set1_epi16(static_cast<int16_t>(128 * scale)));
 }
 
 // Y of 16 pixels in both halves of their lanes.

@@ -10,6 +10,7 @@
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_WIDE_TERMS_AVX2_H
 #define PIXMOOR_PRIMITIVES_COLOUR_WIDE_TERMS_AVX2_H
 
+#include "primitives/colour/lane_constants.h"
 #include "primitives/colour/wide_arith.h"
 #include "runtime/isa.h"
 
@@ -29,11 +30,6 @@ constexpr int16_t kGvRest = 65536 - wide::kGFromV;
 static_assert(wide::kRFromV - kRvRest == 65536 && wide::kBFromU - kBuRest == 2 * 65536 &&
                   wide::kGFromV + kGvRest == 65536,
               "whole parts as the kernels add them");
-
-// Two 16-bit values as one 32-bit lane: `low` in the low half.
-constexpr int32_t LanePair(int32_t low, int32_t high) {
-    return static_cast<int32_t>((static_cast<uint32_t>(static_cast<uint16_t>(high)) << 16) | static_cast<uint16_t>(low));
-}
 
 // Against (du, dv) in the low and high halves of a lane: the G factors;
 // the remainders of B's and R's factors; their whole parts (2 and 1).

@@ -23,7 +23,7 @@ PIXMOOR_TARGET_AVX2 __m256i Pair(int32_t low, int32_t high) {
 }
 
 PIXMOOR_TARGET_AVX2 __m256i Pixels8(__m256i src) {
-    const __m256i c = _mm256_slli_epi16(avx2::CentredChroma(src), 3);     // u' low, v' high
+    const __m256i c = avx2::CentredChroma(src, 8);  // u' low, v' high
     const __m256i blueRed = _mm256_mulhi_epi16(c, Pair(F::kBU, F::kRV));  // B low, R high
     const __m256i g2 = _mm256_mulhi_epi16(c, Pair(F::kGU, F::kGV));
     const __m256i green = _mm256_add_epi16(g2, _mm256_slli_epi32(g2, 16));  // high half

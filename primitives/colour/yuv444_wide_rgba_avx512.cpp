@@ -14,7 +14,7 @@ namespace pixmoor::colour::fast {
 namespace {
 
 PIXMOOR_TARGET_AVX512 __m512i Pixels16(__m512i src) {
-    const __m512i c = avx512::CentredChroma(src);  // du low, dv high
+    const __m512i c = avx512::CentredChroma(src, 1);  // du low, dv high
     // 2 du + mulhi(du, 2097) low, dv + mulhi(dv, 9175) high; the whole
     // parts by a shift of each half by its own count.
     const __m512i blueRed = _mm512_add_epi16(_mm512_sllv_epi16(c, _mm512_set1_epi32(avx2::LanePair(1, 0))),
