@@ -154,11 +154,26 @@ PIXMOOR_TARGET_AVX2 inline __m128i ChromaBytes(__m256i uvWords) {
     return _mm_unpacklo_epi32(_mm256_castsi256_si128(bytes), _mm256_extracti128_si256(bytes, 1));
 }
 
+// Byte shuffles that copy the low (high) 16-bit half of every 32-bit lane
+// into both halves.
+alignas(16) inline constexpr int8_t kLowHalfToBoth[16] = {0, 1, 0, 1, 4, 5, 4, 5, 8, 9, 8, 9, 12, 13, 12, 13};
+alignas(16) inline constexpr int8_t kHighHalfToBoth[16] = {2, 3, 2, 3, 6, 7, 6, 7, 10, 11, 10, 11, 14, 15, 14, 15};
+
+// After packing (V, U) words of 4 blocks: the 4 U bytes, then the 4 V bytes.
+alignas(16) inline constexpr int8_t kUThenV[16] = {1, 3, 5, 7, 0, 2, 4, 6, -128, -128, -128, -128, -128, -128, -128, -128};
+
 // Stores the bytes of 16 pixels whose values are 32-bit sums shifted right
 // by `shift`.
 PIXMOOR_TARGET_AVX2 inline void StoreShifted(uint8_t* p, __m256i even, __m256i odd, int shift) {
     _mm_storeu_si128(reinterpret_cast<__m128i*>(p),
                      PixelBytes(_mm256_srai_epi32(even, shift), _mm256_srai_epi32(odd, shift)));
+}
+
+// U and V bytes of 8 blocks from (V, U) 16-bit lanes in block order, each
+// saturated: the 8 U bytes, then the 8 V bytes.
+PIXMOOR_TARGET_AVX2 inline __m128i ChromaWordBytes(__m256i vu) {
+    const __m256i bytes = _mm256_shuffle_epi8(_mm256_packus_epi16(vu, vu), Mask(kUThenV));
+    return _mm_unpacklo_epi32(_mm256_castsi256_si128(bytes), _mm256_extracti128_si256(bytes, 1));
 }
 
 PIXMOOR_TARGET_AVX2 inline void StoreChroma(uint8_t* u, uint8_t* v, __m128i uv) {

@@ -1,9 +1,9 @@
 // Packed RGB (3 bytes a pixel) in and out of 512-bit registers, for the
 // AVX-512 row kernels.  Out: the byte shuffles of rgb24_avx2.h in each
 // 128-bit lane, then the 16-byte pieces put in output order.  In: 4 pixels
-// a 128-bit lane, one a 32-bit lane as (R, B) and (G, G) 16-bit halves.  Only units whose functions
-// carry PIXMOOR_TARGET_AVX512 include this header; every function here
-// carries it too.
+// a 128-bit lane, one a 32-bit lane as (R, B) and (G, G) 16-bit halves.
+// Only units whose functions carry PIXMOOR_TARGET_AVX512 include this
+// header; every function here carries it too.
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_RGB24_AVX512_H
 #define PIXMOOR_PRIMITIVES_COLOUR_RGB24_AVX512_H
 
@@ -14,6 +14,7 @@
 
 #include "primitives/colour/avx512_intrinsics.h"
 
+#include <array>
 #include <cstdint>
 
 namespace pixmoor::colour::avx512 {
@@ -49,11 +50,40 @@ PIXMOOR_TARGET_AVX512 inline void StoreRgb64(uint8_t* p, __m512i r, __m512i g, _
 }
 
 // ---- In: packed RGB to one pixel a 32-bit lane, for the forward kernels.
+//
+// Each 128-bit lane takes 4 pixels in the order 0, 2, 1, 3, so that the
+// sums of horizontal pairs come from 64-bit unpacks (which cost less than
+// permutes across the whole register); the stores put the results back in
+// pixel order.
 
 // 16 packed pixels (48 bytes), one a 32-bit lane: (R, B) halves and (G, G).
 struct Pixels {
     __m512i rb, gg;
 };
+
+// Byte shuffles taking the 4 pixels at the start of a lane to their 32-bit
+// lanes, even pixels first: (R, B) halves, or (G, G).
+struct EvenOddSpread {
+    int8_t rb[16];
+    int8_t gg[16];
+};
+
+constexpr EvenOddSpread MakeEvenOddSpread() {
+    constexpr int kPixelOfSlot[4] = {0, 2, 1, 3};
+    EvenOddSpread t{};
+    for (int slot = 0; slot < 4; ++slot) {
+        const int8_t at = static_cast<int8_t>(3 * kPixelOfSlot[slot]);
+        const int8_t rb[4] = {at, -128, static_cast<int8_t>(at + 2), -128};
+        const int8_t gg[4] = {static_cast<int8_t>(at + 1), -128, static_cast<int8_t>(at + 1), -128};
+        for (int i = 0; i < 4; ++i) {
+            t.rb[4 * slot + i] = rb[i];
+            t.gg[4 * slot + i] = gg[i];
+        }
+    }
+    return t;
+}
+
+alignas(16) inline constexpr EvenOddSpread kEvenOddSpread = MakeEvenOddSpread();
 
 // The 48 bytes at p in a register, by a plain 64-byte load where the 16
 // bytes after them may be read, or by a masked one.
@@ -65,47 +95,47 @@ PIXMOOR_TARGET_AVX512 inline Pixels Spread(__m512i bytes48) {
     // Lane k gets the 12 bytes of pixels 4k to 4k+3 at its start.
     const __m512i toLanes = _mm512_setr_epi32(0, 1, 2, 3, 3, 4, 5, 6, 6, 7, 8, 9, 9, 10, 11, 11);
     const __m512i bytes = _mm512_permutexvar_epi32(toLanes, bytes48);
-    const __m512i rb = _mm512_broadcast_i32x4(_mm_loadu_si128(reinterpret_cast<const __m128i*>(avx2::kSpread.rb[0])));
-    const __m512i gg = _mm512_broadcast_i32x4(_mm_loadu_si128(reinterpret_cast<const __m128i*>(avx2::kSpread.gg[0])));
-    return Pixels{_mm512_shuffle_epi8(bytes, rb), _mm512_shuffle_epi8(bytes, gg)};
+    return Pixels{_mm512_shuffle_epi8(bytes, Mask(kEvenOddSpread.rb)), _mm512_shuffle_epi8(bytes, Mask(kEvenOddSpread.gg))};
 }
 
-// Sums of horizontal pixel pairs over 32 pixel lanes (first, second), in
-// pair order.
+// Sums of horizontal pixel pairs over 32 pixel lanes (first, second).
+// 128-bit lane k holds pairs 2k and 2k+1 of the first and then of the
+// second register: pairs 2k, 2k+1, 2k+8, 2k+9.
 PIXMOOR_TARGET_AVX512 inline __m512i PairSums(__m512i first, __m512i second) {
-    const __m512i even = _mm512_setr_epi32(0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
-    const __m512i odd = _mm512_setr_epi32(1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31);
-    return _mm512_add_epi32(_mm512_permutex2var_epi32(first, even, second),
-                            _mm512_permutex2var_epi32(first, odd, second));
+    return _mm512_add_epi32(_mm512_unpacklo_epi64(first, second), _mm512_unpackhi_epi64(first, second));
 }
 
-// Byte 0 (or 2) of each 32-bit lane gathered into the first 4 bytes of its
-// 128-bit lane; the rest cleared.
-PIXMOOR_TARGET_AVX512 inline __m512i GatherByte(__m512i x, int byte) {
-    const char b = static_cast<char>(byte);
-    return _mm512_shuffle_epi8(x, _mm512_broadcast_i32x4(_mm_setr_epi8(b, static_cast<char>(b + 4),
-                                                                       static_cast<char>(b + 8),
-                                                                       static_cast<char>(b + 12), -128, -128,
-                                                                       -128, -128, -128, -128, -128, -128,
-                                                                       -128, -128, -128, -128)));
+// The word permute that takes 16-bit half `half` (0 low, 1 high) of each
+// 32-bit lane of two registers of 16 pixels (even-odd order in each
+// 128-bit lane), in pixel order: 32 words.
+constexpr std::array<int16_t, 32> MakeHalvesInPixelOrder(int half) {
+    constexpr int kSlotOfPixel[4] = {0, 2, 1, 3};
+    std::array<int16_t, 32> t{};
+    for (int p = 0; p < 32; ++p) {
+        const int reg = p / 16, q = p % 16;
+        t[p] = static_cast<int16_t>(32 * reg + 2 * (4 * (q / 4) + kSlotOfPixel[q % 4]) + half);
+    }
+    return t;
 }
 
-// The first 32-bit lanes of each 128-bit lane of a and then of b: 32 bytes
-// in order after GatherByte.
-PIXMOOR_TARGET_AVX512 inline __m256i FirstLanes(__m512i a, __m512i b) {
-    const __m512i pick = _mm512_setr_epi32(0, 4, 8, 12, 16, 20, 24, 28, 0, 0, 0, 0, 0, 0, 0, 0);
-    return _mm512_castsi512_si256(_mm512_permutex2var_epi32(a, pick, b));
+alignas(64) inline constexpr std::array<int16_t, 32> kLowHalves = MakeHalvesInPixelOrder(0);
+alignas(64) inline constexpr std::array<int16_t, 32> kHighHalves = MakeHalvesInPixelOrder(1);
+
+// Half `half` of each 32-bit lane of first and then second, in pixel order,
+// as 32 words.
+PIXMOOR_TARGET_AVX512 inline __m512i HalvesInPixelOrder(__m512i first, __m512i second, int half) {
+    const __m512i pick = _mm512_load_si512((half ? kHighHalves : kLowHalves).data());
+    return _mm512_permutex2var_epi16(first, pick, second);
 }
 
-// Stores byte `byte` of each 32-bit lane of first and then second: 32
-// bytes.
-PIXMOOR_TARGET_AVX512 inline void StoreBytes(uint8_t* p, __m512i first, __m512i second, int byte) {
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), FirstLanes(GatherByte(first, byte), GatherByte(second, byte)));
+// Stores the low bytes of 32 words.
+PIXMOOR_TARGET_AVX512 inline void StoreLowBytes(uint8_t* p, __m512i words) {
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm512_cvtepi16_epi8(words));
 }
 
-// 32 pixels of each of two lines, 16 a register in pixel order.  `more`
-// says that bytes after the 96 of each line may be read (a next step
-// follows on the same lines).
+// 32 pixels of each of two lines, 16 a register.  `more` says that bytes
+// after the 96 of each line may be read (a next step follows on the same
+// lines).
 struct TwoLines32 {
     Pixels top0, top1, bottom0, bottom1;
 };
@@ -115,11 +145,23 @@ PIXMOOR_TARGET_AVX512 inline TwoLines32 LoadTwoLines32(const uint8_t* top, const
                       Spread(Load48(bottom + 48, more))};
 }
 
-// Stores the low bytes of 16 U and 16 V lanes.
-PIXMOOR_TARGET_AVX512 inline void StoreChroma(uint8_t* u, uint8_t* v, __m512i uLanes, __m512i vLanes) {
-    const __m256i uv = FirstLanes(GatherByte(uLanes, 0), GatherByte(vLanes, 0));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(u), _mm256_castsi256_si128(uv));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(v), _mm256_extracti128_si256(uv, 1));
+// After packing (V, U) words of the 4 pairs of a lane (a to d): V of a and
+// b, U of a and b, V of c and d, U of c and d, as 16-bit units.
+alignas(16) inline constexpr int8_t kChromaUnits[16] = {0, 2, 1, 3, 4, 6, 5, 7, -128, -128, -128, -128, -128, -128, -128, -128};
+
+// Stores 16 V and 16 U samples of pairs in PairSums order, from 16-bit
+// lanes holding V in the low and U in the high half of each 32-bit lane,
+// each saturated to a byte.
+PIXMOOR_TARGET_AVX512 inline void StoreChromaWords(uint8_t* u, uint8_t* v, __m512i vu) {
+    const __m512i units = _mm512_shuffle_epi8(_mm512_packus_epi16(vu, vu), Mask(kChromaUnits));
+    // Lane k holds pairs 2k, 2k+1 in its units 0 (V) and 1 (U) and pairs
+    // 2k+8, 2k+9 in its units 2 and 3; lanes are 8 units apart.
+    const __m512i order = _mm512_setr_epi32(0x00080000, 0x00180010, 0x000A0002, 0x001A0012,
+                                            0x00090001, 0x00190011, 0x000B0003, 0x001B0013,
+                                            0, 0, 0, 0, 0, 0, 0, 0);
+    const __m256i vThenU = _mm512_castsi512_si256(_mm512_permutexvar_epi16(order, units));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(v), _mm256_castsi256_si128(vThenU));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(u), _mm256_extracti128_si256(vThenU, 1));
 }
 
 }  // namespace pixmoor::colour::avx512

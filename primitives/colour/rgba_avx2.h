@@ -5,6 +5,7 @@
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_RGBA_AVX2_H
 #define PIXMOOR_PRIMITIVES_COLOUR_RGBA_AVX2_H
 
+#include "primitives/colour/lane_constants.h"
 #include "runtime/isa.h"
 
 #if PIXMOOR_HAVE_X86_TARGETS
@@ -15,33 +16,38 @@
 
 namespace pixmoor::colour::avx2 {
 
-// Per pixel (a 32-bit lane): bytes 1 and 2 (U and V) to the two 16-bit
-// halves.
-alignas(16) inline constexpr int8_t kChromaWords[16] = {1, -128, 2, -128, 5, -128, 6, -128,
-                                                        9, -128, 10, -128, 13, -128, 14, -128};
-// After packing (R, G) words of 4 pixels and (B, -) words of the same 4:
-// bytes R G B - of each pixel.
-alignas(16) inline constexpr int8_t kToPixels[16] = {0, 1, 8, -128, 2, 3, 10, -128,
-                                                     4, 5, 12, -128, 6, 7, 14, -128};
+// Per pixel (a 32-bit lane): byte 0 (Y) to both 16-bit halves.
+alignas(16) inline constexpr int8_t kLumaWords[16] = {0, -128, 0, -128, 4, -128, 4, -128,
+                                                      8, -128, 8, -128, 12, -128, 12, -128};
+// After packing the (B, R) words of 4 pixels and the (-, G) words of the
+// same 4: bytes R G B - of each pixel.
+alignas(16) inline constexpr int8_t kToPixels[16] = {1, 9, 0, -128, 3, 11, 2, -128,
+                                                     5, 13, 4, -128, 7, 15, 6, -128};
 
 PIXMOOR_TARGET_AVX2 inline __m256i Broadcast(const int8_t (&m)[16]) {
     return _mm256_broadcastsi128_si256(_mm_load_si128(reinterpret_cast<const __m128i*>(m)));
 }
 
-// U - 128 and V - 128 of 8 pixels in the low and high halves of their lanes.
-PIXMOOR_TARGET_AVX2 inline __m256i CentredChroma(__m256i pixels) {
-    return _mm256_sub_epi16(_mm256_shuffle_epi8(pixels, Broadcast(kChromaWords)), _mm256_set1_epi16(128));
+// scale (U - 128) and scale (V - 128) of 8 pixels in the low and high
+// halves of their lanes (scale up to 8): bytes 1 and 2 picked and scaled by
+// one unsigned-by-signed byte multiply-add.
+PIXMOOR_TARGET_AVX2 inline __m256i CentredChroma(__m256i pixels, int scale) {
+    return _mm256_sub_epi16(_mm256_maddubs_epi16(pixels, _mm256_set1_epi32(ByteWeights(0, scale, scale, 0))),
+                            _mm256_set1_epi16(static_cast<int16_t>(128 * scale)));
 }
 
-// Y of 8 pixels, one 32-bit lane each.
-PIXMOOR_TARGET_AVX2 inline __m256i Luma(__m256i pixels) { return _mm256_and_si256(pixels, _mm256_set1_epi32(0xFF)); }
+// Y of 8 pixels in both halves of their lanes.
+PIXMOOR_TARGET_AVX2 inline __m256i LumaWords(__m256i pixels) {
+    return _mm256_shuffle_epi8(pixels, Broadcast(kLumaWords));
+}
 
-// Bytes R G B of 8 pixels from Y and the three chroma terms: `r` in the high
-// half of each lane, `g` and `b` in the low half.  Each sum is saturated.
-PIXMOOR_TARGET_AVX2 inline __m256i ToPixels(__m256i y, __m256i r, __m256i g, __m256i b) {
-    const __m256i rg = _mm256_add_epi16(_mm256_or_si256(y, _mm256_slli_epi32(y, 16)),
-                                        _mm256_blend_epi16(_mm256_srli_epi32(r, 16), _mm256_slli_epi32(g, 16), 0xAA));
-    return _mm256_shuffle_epi8(_mm256_packus_epi16(rg, _mm256_add_epi16(y, b)), Broadcast(kToPixels));
+// Bytes R G B of 8 pixels from Y in both halves of each lane (LumaWords)
+// and the chroma terms: `blueRed` holds B's term in the low and R's in the
+// high half of each lane, `green` G's term in the high half.  Each sum is
+// saturated.
+PIXMOOR_TARGET_AVX2 inline __m256i ToPixels(__m256i y, __m256i blueRed, __m256i green) {
+    const __m256i packed = _mm256_packus_epi16(_mm256_add_epi16(y, blueRed), _mm256_add_epi16(y, green));
+    return _mm256_shuffle_epi8(packed, Broadcast(kToPixels));
 }
 
 // Stores bytes 0 to 2 of 8 pixels; byte 3 of each keeps what it holds (the

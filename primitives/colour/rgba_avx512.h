@@ -20,23 +20,21 @@ PIXMOOR_TARGET_AVX512 inline __m512i Broadcast(const int8_t (&m)[16]) {
     return _mm512_broadcast_i32x4(_mm_load_si128(reinterpret_cast<const __m128i*>(m)));
 }
 
-// U - 128 and V - 128 of 16 pixels in the low and high halves of their lanes.
-PIXMOOR_TARGET_AVX512 inline __m512i CentredChroma(__m512i pixels) {
-    return _mm512_sub_epi16(_mm512_shuffle_epi8(pixels, Broadcast(avx2::kChromaWords)), _mm512_set1_epi16(128));
+// scale (U - 128) and scale (V - 128) of 16 pixels, as avx2::CentredChroma.
+PIXMOOR_TARGET_AVX512 inline __m512i CentredChroma(__m512i pixels, int scale) {
+    return _mm512_sub_epi16(_mm512_maddubs_epi16(pixels, _mm512_set1_epi32(avx2::ByteWeights(0, scale, scale, 0))),
+                            _mm512_set1_epi16(static_cast<int16_t>(128 * scale)));
 }
 
-// Y of 16 pixels, one 32-bit lane each.
-PIXMOOR_TARGET_AVX512 inline __m512i Luma(__m512i pixels) {
-    return _mm512_and_si512(pixels, _mm512_set1_epi32(0xFF));
+// Y of 16 pixels in both halves of their lanes.
+PIXMOOR_TARGET_AVX512 inline __m512i LumaWords(__m512i pixels) {
+    return _mm512_shuffle_epi8(pixels, Broadcast(avx2::kLumaWords));
 }
 
-// Bytes R G B of 16 pixels from Y and the three chroma terms: `r` in the
-// high half of each lane, `g` and `b` in the low half.  Each sum is
-// saturated.
-PIXMOOR_TARGET_AVX512 inline __m512i ToPixels(__m512i y, __m512i r, __m512i g, __m512i b) {
-    const __m512i rg = _mm512_add_epi16(_mm512_or_si512(y, _mm512_slli_epi32(y, 16)),
-                                        _mm512_mask_blend_epi16(0xAAAAAAAAu, _mm512_srli_epi32(r, 16), _mm512_slli_epi32(g, 16)));
-    return _mm512_shuffle_epi8(_mm512_packus_epi16(rg, _mm512_add_epi16(y, b)), Broadcast(avx2::kToPixels));
+// Bytes R G B of 16 pixels, as avx2::ToPixels.
+PIXMOOR_TARGET_AVX512 inline __m512i ToPixels(__m512i y, __m512i blueRed, __m512i green) {
+    const __m512i packed = _mm512_packus_epi16(_mm512_add_epi16(y, blueRed), _mm512_add_epi16(y, green));
+    return _mm512_shuffle_epi8(packed, Broadcast(avx2::kToPixels));
 }
 
 // 16 pixels a step while whole steps fit; returns the pixels done.

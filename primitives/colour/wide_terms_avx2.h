@@ -1,5 +1,5 @@
-// The wide inverse chroma terms in 16-bit lanes, for the AVX2 row kernels
-// of px and m6.  The plain kernels compute clamp((Y << 16 + t) >> 16) with
+// The wide arithmetic in 16-bit lanes, for the vector row kernels of px and
+// m6: the inverse chroma terms and, at the end, the forward chroma factors.  The plain kernels compute clamp((Y << 16 + t) >> 16) with
 // a chroma term t at 16 fraction bits.  Since Y << 16 has no fraction,
 // that is clamp(Y + (t >> 16)), and t >> 16 depends on the chroma alone.
 // Each factor is split into a whole multiple of 65536 and a remainder that
@@ -10,6 +10,7 @@
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_WIDE_TERMS_AVX2_H
 #define PIXMOOR_PRIMITIVES_COLOUR_WIDE_TERMS_AVX2_H
 
+#include "primitives/colour/lane_constants.h"
 #include "primitives/colour/wide_arith.h"
 #include "runtime/isa.h"
 
@@ -30,26 +31,32 @@ static_assert(wide::kRFromV - kRvRest == 65536 && wide::kBFromU - kBuRest == 2 *
                   wide::kGFromV + kGvRest == 65536,
               "whole parts as the kernels add them");
 
-// The G factors against (du, dv) in the low and high halves of a lane.
-PIXMOOR_TARGET_AVX2 inline __m256i GreenFactors() {
-    return _mm256_set1_epi32(static_cast<int32_t>((static_cast<uint32_t>(static_cast<uint16_t>(kGvRest)) << 16) |
-                                                  static_cast<uint16_t>(-wide::kGFromU)));
+// Against (du, dv) in the low and high halves of a lane: the G factors;
+// the remainders of B's and R's factors; their whole parts (2 and 1).
+constexpr int32_t kGreenFactors = LanePair(-wide::kGFromU, kGvRest);
+constexpr int32_t kBlueRedRests = LanePair(kBuRest, kRvRest);
+constexpr int32_t kBlueRedWholes = LanePair(2, 1);
+
+PIXMOOR_TARGET_AVX2 inline __m256i GreenFactors() { return _mm256_set1_epi32(kGreenFactors); }
+
+// Of chroma pairs held as du in the low and dv in the high half of each
+// lane: B's term in the low and R's in the high half; and G's term in the
+// high half (the high half of the multiply-add is its sum shifted right by
+// 16 already, from which dv is taken; the low half holds no use).
+PIXMOOR_TARGET_AVX2 inline __m256i BlueRedTerms(__m256i c) {
+    return _mm256_add_epi16(_mm256_mullo_epi16(c, _mm256_set1_epi32(kBlueRedWholes)),
+                            _mm256_mulhi_epi16(c, _mm256_set1_epi32(kBlueRedRests)));
+}
+PIXMOOR_TARGET_AVX2 inline __m256i GreenTermHigh(__m256i c) {
+    return _mm256_sub_epi16(_mm256_madd_epi16(c, GreenFactors()), c);
 }
 
-// The three terms t >> 16 of chroma pairs held as du in the low and dv in
-// the high half of each 32-bit lane: R's term lands in the high half, G's
-// and B's in the low half (the other halves hold no use).
-struct PairTerms {
-    __m256i r, g, b;
-};
-
-PIXMOOR_TARGET_AVX2 inline PairTerms TermsOfPairs(__m256i c) {
-    return PairTerms{
-        _mm256_add_epi16(c, _mm256_mulhi_epi16(c, _mm256_set1_epi16(kRvRest))),
-        _mm256_sub_epi16(_mm256_srai_epi32(_mm256_madd_epi16(c, GreenFactors()), 16), _mm256_srli_epi32(c, 16)),
-        _mm256_add_epi16(_mm256_add_epi16(c, c), _mm256_mulhi_epi16(c, _mm256_set1_epi16(kBuRest))),
-    };
-}
+// Forward: the chroma of blocks from T' (R) in the low and T (B) in the
+// high 16-bit half of each lane, T being ((channel sum << 16) - luma sum +
+// bias) >> 16, which is the channel sum plus the high half of bias - luma
+// sum.  (T times the factor) >> 18 is a multiply-high and a shift of 2;
+// V's factor 57475 is 65536 - 8061, whose whole part adds T' itself.
+constexpr int32_t kChromaRests = LanePair(wide::kFactorV - 65536, wide::kFactorU);
 
 }  // namespace pixmoor::colour::avx2
 

@@ -1,9 +1,9 @@
 // The a6 and w7 forward 4:2:0 row kernel from packed RGB with AVX-512: the
-// narrow arithmetic of narrow_arith.h in 32-bit lanes, 16 pixel pairs (32
-// pixels of each line) a step.  D = (9798 R + 19235 G + 3736 B) >> 14 and
-// Y = D >> 1 as in the AVX2 form (yuv420_narrow_forward_avx2.cpp); the
-// block differences stay within 16 bits, so mulhi(diff, f) is the 32-bit
-// product shifted right by 16, and the saturation a clamp to 0..255.
+// narrow arithmetic of narrow_arith.h, 16 pixel pairs (32 pixels of each
+// line) a step.  D = (9798 R + 19235 G + 3736 B) >> 14 and Y = D >> 1 come
+// from twice the weighted sum in 32-bit lanes; the block differences stay
+// within 16 bits, so the chroma is reckoned in 16-bit lanes, U and V side
+// by side, and saturated by the store's pack.
 #include "primitives/colour/yuv420_fast_rows.h"
 
 #if PIXMOOR_HAVE_X86_TARGETS
@@ -11,22 +11,20 @@
 #include "primitives/colour/avx512_intrinsics.h"
 #include "primitives/colour/narrow_arith.h"
 #include "primitives/colour/rgb24_avx512.h"
+#include "primitives/colour/wide_terms_avx2.h"
 
 namespace pixmoor::colour::fast {
 namespace {
 
-PIXMOOR_TARGET_AVX512 __m512i WeightedSum(const avx512::Pixels& p) {
-    const __m512i wRB = _mm512_set1_epi32((narrow::kWeightB << 16) | narrow::kWeightR);
-    const __m512i wG0 = _mm512_set1_epi32(narrow::kWeightG);
-    return _mm512_add_epi32(_mm512_madd_epi16(p.rb, wRB), _mm512_madd_epi16(p.gg, wG0));
-}
+// Twice the weighted sum 9798 R + 19235 G + 3736 B: (R, B) against
+// (19596, 7472) and (G, G) against (19235, 19235).  Its high half is
+// Y = D >> 1, and D is it shifted right by 15.
+static_assert(2 * narrow::kWeightR < 32768 && 2 * narrow::kWeightB < 32768, "doubled weights fit 16-bit lanes");
 
-// saturate(mulhi(diff, factor) + 128) in 32-bit lanes.  The difference
-// fits 16 bits, so a multiply-add against (factor, 0) is its product.
-PIXMOOR_TARGET_AVX512 __m512i Scaled(__m512i diff, int32_t factor) {
-    const __m512i x = _mm512_add_epi32(_mm512_srai_epi32(_mm512_madd_epi16(diff, _mm512_set1_epi32(factor)), 16),
-                                       _mm512_set1_epi32(128));
-    return _mm512_min_epi32(_mm512_max_epi32(x, _mm512_setzero_si512()), _mm512_set1_epi32(255));
+PIXMOOR_TARGET_AVX512 __m512i TwiceWeighted(const avx512::Pixels& p) {
+    const __m512i wRB = _mm512_set1_epi32(avx2::LanePair(2 * narrow::kWeightR, 2 * narrow::kWeightB));
+    const __m512i wGG = _mm512_set1_epi32(avx2::LanePair(narrow::kWeightG, narrow::kWeightG));
+    return _mm512_add_epi32(_mm512_madd_epi16(p.rb, wRB), _mm512_madd_epi16(p.gg, wGG));
 }
 
 }  // namespace
@@ -42,22 +40,27 @@ PIXMOOR_TARGET_AVX512 int32_t NarrowToYuv420Avx512(const uint8_t* top, const uin
         const intptr_t at = 6 * static_cast<intptr_t>(j);
         // Every step but the last has a next one, whose bytes may be read.
         const avx512::TwoLines32 p = avx512::LoadTwoLines32(top + at, bottom + at, j + 16 < whole);
-        const __m512i dt0 = _mm512_srai_epi32(WeightedSum(p.top0), 14), dt1 = _mm512_srai_epi32(WeightedSum(p.top1), 14);
-        const __m512i db0 = _mm512_srai_epi32(WeightedSum(p.bottom0), 14),
-                      db1 = _mm512_srai_epi32(WeightedSum(p.bottom1), 14);
+        const __m512i xt0 = TwiceWeighted(p.top0), xt1 = TwiceWeighted(p.top1);
+        const __m512i xb0 = TwiceWeighted(p.bottom0), xb1 = TwiceWeighted(p.bottom1);
         // Y = D >> 1 is at most 255.
-        avx512::StoreBytes(y0 + 2 * j, _mm512_srai_epi32(dt0, 1), _mm512_srai_epi32(dt1, 1), 0);
-        avx512::StoreBytes(y1 + 2 * j, _mm512_srai_epi32(db0, 1), _mm512_srai_epi32(db1, 1), 0);
+        avx512::StoreLowBytes(y0 + 2 * j, avx512::HalvesInPixelOrder(xt0, xt1, 1));
+        avx512::StoreLowBytes(y1 + 2 * j, avx512::HalvesInPixelOrder(xb0, xb1, 1));
+        const __m512i dt0 = _mm512_srai_epi32(xt0, 15), dt1 = _mm512_srai_epi32(xt1, 15);
+        const __m512i db0 = _mm512_srai_epi32(xb0, 15), db1 = _mm512_srai_epi32(xb1, 15);
 
-        const __m512i mean =
-            _mm512_srai_epi32(avx512::PairSums(_mm512_add_epi32(dt0, db0), _mm512_add_epi32(dt1, db1)), 2);
-        // R and B sums side by side: a block's R sum stays below 1024.
-        const __m512i rb = avx512::PairSums(_mm512_add_epi32(p.top0.rb, p.bottom0.rb),
-                                            _mm512_add_epi32(p.top1.rb, p.bottom1.rb));
-        const __m512i halfR = _mm512_srai_epi32(_mm512_and_si512(rb, _mm512_set1_epi32(0xFFFF)), 1);
-        const __m512i halfB = _mm512_srli_epi32(rb, 17);
-        avx512::StoreChroma(uOut + j, vOut + j, Scaled(_mm512_sub_epi32(halfB, mean), narrow::kFactorU),
-                            Scaled(_mm512_sub_epi32(halfR, mean), narrow::kFactorV));
+        // A, twice the block's mean luma (below 512), in both halves of
+        // each lane; the halved R and B sums beside each other.
+        const __m512i mean = _mm512_shuffle_epi8(
+            _mm512_srai_epi32(avx512::PairSums(_mm512_add_epi32(dt0, db0), _mm512_add_epi32(dt1, db1)), 2),
+            avx512::Mask(avx2::kLowHalfToBoth));
+        const __m512i halves = _mm512_srli_epi16(avx512::PairSums(_mm512_add_epi32(p.top0.rb, p.bottom0.rb),
+                                                                  _mm512_add_epi32(p.top1.rb, p.bottom1.rb)),
+                                                 1);
+        // mulhi(PR - A, 28737) low, mulhi(PB - A, 16121) high, plus 128;
+        // the store saturates.
+        const __m512i vu = _mm512_mulhi_epi16(_mm512_sub_epi16(halves, mean),
+                                              _mm512_set1_epi32(avx2::LanePair(narrow::kFactorV, narrow::kFactorU)));
+        avx512::StoreChromaWords(uOut + j, vOut + j, _mm512_add_epi16(vu, _mm512_set1_epi16(128)));
     }
     return whole;
 }

@@ -1,6 +1,7 @@
 // The px and m6 forward 4:2:0 row kernel from packed RGB with AVX2: 8 pixel
-// pairs (16 pixels of each line) a step in 32-bit lanes, the same integer
-// arithmetic as the plain kernel and so the same bytes.
+// pairs (16 pixels of each line) a step, the same integer arithmetic as the
+// plain kernel and so the same bytes: luma in 32-bit lanes, chroma in
+// 16-bit lanes.
 //
 // A pixel's luma F = 19595 R + 38470 G + 7471 B is two multiply-adds on
 // 16-bit halves: (R, B) against (19595, 7471) and (G, G) against
@@ -14,6 +15,7 @@
 
 #include "primitives/colour/rgb24_avx2.h"
 #include "primitives/colour/wide_arith.h"
+#include "primitives/colour/wide_terms_avx2.h"
 
 namespace pixmoor::colour::fast {
 namespace {
@@ -26,20 +28,10 @@ PIXMOOR_TARGET_AVX2 __m256i Luma(const avx2::RbGg& p) {
     return _mm256_add_epi32(_mm256_madd_epi16(p.rb, wRB), _mm256_madd_epi16(p.gg, wGG));
 }
 
-PIXMOOR_TARGET_AVX2 __m256i Difference(__m256i channelSum, __m256i lumaSum) {
-    return _mm256_srai_epi32(
-        _mm256_add_epi32(_mm256_sub_epi32(_mm256_slli_epi32(channelSum, 16), lumaSum),
-                         _mm256_set1_epi32(wide::kBlockBias)),
-        16);
-}
-
 }  // namespace
 
 PIXMOOR_TARGET_AVX2 int32_t WideToYuv420Avx2(const uint8_t* top, const uint8_t* bottom,
                                              const Yuv420Lines<uint8_t>& out, int32_t pairs) {
-    const __m256i low16 = _mm256_set1_epi32(0xFFFF);
-    const __m256i c128 = _mm256_set1_epi32(128);
-    const __m256i byteMask = _mm256_set1_epi32(0xFF);
     const int32_t whole = pairs & ~7;
     for (int32_t j = 0; j < whole; j += 8) {
         const intptr_t at = 6 * static_cast<intptr_t>(j);
@@ -49,24 +41,18 @@ PIXMOOR_TARGET_AVX2 int32_t WideToYuv420Avx2(const uint8_t* top, const uint8_t* 
         avx2::StoreShifted(out.y0 + 2 * j, ft0, ft1, 16);
         avx2::StoreShifted(out.y1 + 2 * j, fb0, fb1, 16);
 
-        const __m256i luma = avx2::BlockSum(ft0, fb0, ft1, fb1);
+        // T = ((channel sum << 16) - luma sum + bias) >> 16 as in
+        // wide_terms_avx2.h, in 16-bit lanes: T' (R) low, T (B) high.
+        const __m256i biasLessLuma = _mm256_sub_epi32(_mm256_set1_epi32(wide::kBlockBias), avx2::BlockSum(ft0, fb0, ft1, fb1));
         // R and B sums side by side: a block's R sum stays below 1024, so
         // it never carries into the B half of its 32-bit lane.
         const __m256i rb = avx2::BlockSum(p.topEven.rb, p.bottomEven.rb, p.topOdd.rb, p.bottomOdd.rb);
-        const __m256i sumR = _mm256_and_si256(rb, low16);
-        const __m256i sumB = _mm256_srli_epi32(rb, 16);
-        // U is kept as the byte it is (no clamp), V is clamped.
-        const __m256i u = _mm256_and_si256(
-            _mm256_add_epi32(_mm256_srai_epi32(_mm256_mullo_epi32(Difference(sumB, luma),
-                                                                  _mm256_set1_epi32(wide::kFactorU)),
-                                               18),
-                             c128),
-            byteMask);
-        const __m256i v = _mm256_add_epi32(
-            _mm256_srai_epi32(_mm256_mullo_epi32(Difference(sumR, luma), _mm256_set1_epi32(wide::kFactorV)),
-                              18),
-            c128);
-        avx2::StoreChroma(out.u + j, out.v + j, avx2::ChromaBytes(_mm256_packs_epi32(u, v)));
+        const __m256i t = _mm256_add_epi16(rb, _mm256_shuffle_epi8(biasLessLuma, avx2::Mask(avx2::kHighHalfToBoth)));
+        const __m256i high = _mm256_mulhi_epi16(t, _mm256_set1_epi32(avx2::kChromaRests));
+        const __m256i scaled = _mm256_add_epi16(high, _mm256_and_si256(t, _mm256_set1_epi32(0xFFFF)));
+        // V (clamped by the saturating pack) low, U high.
+        const __m256i vu = _mm256_add_epi16(_mm256_srai_epi16(scaled, 2), _mm256_set1_epi16(128));
+        avx2::StoreChroma(out.u + j, out.v + j, avx2::ChromaWordBytes(vu));
     }
     return whole;
 }

@@ -12,6 +12,7 @@
 #include "primitives/colour/avx512_intrinsics.h"
 #include "primitives/colour/rgb24_avx512.h"
 #include "primitives/colour/wide_arith.h"
+#include "primitives/colour/wide_terms_avx2.h"
 
 namespace pixmoor::colour::fast {
 namespace {
@@ -22,17 +23,10 @@ PIXMOOR_TARGET_AVX512 __m512i Luma(const avx512::Pixels& p) {
     return _mm512_add_epi32(_mm512_madd_epi16(p.rb, wRB), _mm512_madd_epi16(p.gg, wGG));
 }
 
-// ((channel sum << 16) - luma sum + bias) >> 16, with the luma sum already
-// lowered by the bias.
-PIXMOOR_TARGET_AVX512 __m512i Difference(__m512i channelSum16, __m512i lumaLessBias) {
-    return _mm512_srai_epi32(_mm512_sub_epi32(channelSum16, lumaLessBias), 16);
-}
-
 }  // namespace
 
 PIXMOOR_TARGET_AVX512 int32_t WideToYuv420Avx512(const uint8_t* top, const uint8_t* bottom,
                                                  const Yuv420Lines<uint8_t>& out, int32_t pairs) {
-    const __m512i c128 = _mm512_set1_epi32(128);
     uint8_t* const y0 = out.y0;
     uint8_t* const y1 = out.y1;
     uint8_t* const uOut = out.u;
@@ -43,26 +37,26 @@ PIXMOOR_TARGET_AVX512 int32_t WideToYuv420Avx512(const uint8_t* top, const uint8
         // Every step but the last has a next one, whose bytes may be read.
         const avx512::TwoLines32 p = avx512::LoadTwoLines32(top + at, bottom + at, j + 16 < whole);
         const __m512i ft0 = Luma(p.top0), ft1 = Luma(p.top1), fb0 = Luma(p.bottom0), fb1 = Luma(p.bottom1);
-        // Y is byte 2 of a luma below 2^24.
-        avx512::StoreBytes(y0 + 2 * j, ft0, ft1, 2);
-        avx512::StoreBytes(y1 + 2 * j, fb0, fb1, 2);
+        // Y is the high half of a luma below 2^24.
+        avx512::StoreLowBytes(y0 + 2 * j, avx512::HalvesInPixelOrder(ft0, ft1, 1));
+        avx512::StoreLowBytes(y1 + 2 * j, avx512::HalvesInPixelOrder(fb0, fb1, 1));
 
-        const __m512i lumaLessBias = _mm512_sub_epi32(avx512::PairSums(_mm512_add_epi32(ft0, fb0), _mm512_add_epi32(ft1, fb1)),
-                                                      _mm512_set1_epi32(wide::kBlockBias));
+        // ((channel sum << 16) - luma sum + bias) >> 16 is the channel sum
+        // plus M = (bias - luma sum) >> 16, since the shifted sum has no
+        // fraction; M is the high half of bias - luma sum.
+        const __m512i biasLessLuma = _mm512_sub_epi32(
+            _mm512_set1_epi32(wide::kBlockBias),
+            avx512::PairSums(_mm512_add_epi32(ft0, fb0), _mm512_add_epi32(ft1, fb1)));
         // R and B sums side by side: a block's R sum stays below 1024, so
         // it never carries into the B half of its 32-bit lane.
         const __m512i rb = avx512::PairSums(_mm512_add_epi32(p.top0.rb, p.bottom0.rb), _mm512_add_epi32(p.top1.rb, p.bottom1.rb));
-        const __m512i sumR16 = _mm512_slli_epi32(rb, 16);
-        const __m512i sumB16 = _mm512_and_si512(rb, _mm512_set1_epi32(static_cast<int32_t>(0xFFFF0000u)));
-        // U is kept as the byte it is (its low byte), V is clamped.
-        const __m512i u = _mm512_add_epi32(
-            _mm512_srai_epi32(_mm512_mullo_epi32(Difference(sumB16, lumaLessBias), _mm512_set1_epi32(wide::kFactorU)), 18),
-            c128);
-        const __m512i v = _mm512_add_epi32(
-            _mm512_srai_epi32(_mm512_mullo_epi32(Difference(sumR16, lumaLessBias), _mm512_set1_epi32(wide::kFactorV)), 18),
-            c128);
-        const __m512i vClamped = _mm512_min_epi32(_mm512_max_epi32(v, _mm512_setzero_si512()), _mm512_set1_epi32(255));
-        avx512::StoreChroma(uOut + j, vOut + j, u, vClamped);
+        // T' (R) in the low and T (B) in the high half of each lane.
+        const __m512i t = _mm512_add_epi16(rb, _mm512_shuffle_epi8(biasLessLuma, avx512::Mask(avx2::kHighHalfToBoth)));
+        // (T times the factor) >> 18, as wide_terms_avx2.h says.
+        const __m512i high = _mm512_mulhi_epi16(t, _mm512_set1_epi32(avx2::kChromaRests));
+        const __m512i scaled = _mm512_mask_add_epi16(high, 0x55555555u, high, t);
+        // V (clamped by the saturating pack) low, U high.
+        avx512::StoreChromaWords(uOut + j, vOut + j, _mm512_add_epi16(_mm512_srai_epi16(scaled, 2), _mm512_set1_epi16(128)));
     }
     return whole;
 }

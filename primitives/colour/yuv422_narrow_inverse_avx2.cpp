@@ -1,7 +1,9 @@
 // The a6 and w7 row kernel of packed 4:2:2 (Y0 U Y1 V) to packed RGB with
-// AVX2: the narrow arithmetic of their SSE2 main loop (yuv422_sse2.h), lane
-// for lane, 32 pixels a step.  Both tiers use the same factors in their
-// main loops; their lone last pixels stay with their own kernels.
+// AVX2, 16 pixels a step: the narrow arithmetic of their SSE2 main loop
+// (yuv422_sse2.h).  Each channel is (2 Y + term) >> 1, that is
+// Y + (term >> 1) since 2 Y is even; the terms are reckoned once a pair.
+// Both tiers use the same factors in their main loops; their lone last
+// pixels stay with their own kernels.
 #include "primitives/colour/yuv422_fast_rows.h"
 
 #if PIXMOOR_HAVE_X86_TARGETS
@@ -9,37 +11,24 @@
 #include <immintrin.h>
 
 #include "primitives/colour/packed422_avx2.h"
-#include "primitives/colour/yuv422_arith.h"
 
 namespace pixmoor::colour::fast {
 namespace {
 
-static_assert(yuv422::kInverse.ru == 0, "R takes no U term in these kernels");
-
-// (2Y + term) >> 1 of 16 pixels.
-PIXMOOR_TARGET_AVX2 __m256i Channel(__m256i y, __m256i term) {
-    return _mm256_srai_epi16(_mm256_add_epi16(_mm256_add_epi16(y, y), term), 1);
-}
-
-PIXMOOR_TARGET_AVX2 __m256i Factor(int32_t f) { return _mm256_set1_epi16(static_cast<int16_t>(f)); }
-
-PIXMOOR_TARGET_AVX2 avx2::ChannelWords Pixels16(const uint8_t* p) {
-    const __m256i bytes = avx2::Load32(p);
-    const __m256i y = avx2::LumaWords(bytes);
-    // 16 (U - 128) and 16 (V - 128), each spread to both pixels of its pair.
-    const __m256i uv = _mm256_slli_epi16(_mm256_sub_epi16(avx2::ChromaWords(bytes), _mm256_set1_epi16(128)), 4);
-    const __m256i du = avx2::SpreadLow(uv), dv = avx2::SpreadHigh(uv);
-    const __m256i r = _mm256_mulhi_epi16(dv, Factor(yuv422::kInverse.rv));
-    const __m256i g = _mm256_add_epi16(_mm256_mulhi_epi16(du, Factor(yuv422::kInverse.gu)),
-                                       _mm256_mulhi_epi16(dv, Factor(yuv422::kInverse.gv)));
-    const __m256i b = _mm256_mulhi_epi16(du, Factor(yuv422::kInverse.bu));
-    return avx2::ChannelWords{Channel(y, r), Channel(y, g), Channel(y, b)};
+// B's and R's terms halved, (mulhi(16 d, f) >> 1), are mulhi(8 d, f):
+// both are 8 d f >> 16.  G's two terms are each mulhi(16 d, f); their sum
+// halved lands in the high half by a multiply-add and a shift by 15.
+PIXMOOR_TARGET_AVX2 avx2::PairTerms Terms(__m256i bytes) {
+    const __m256i c8 = avx2::CentredPairChroma(bytes, 8);  // 8 (U - 128) low, 8 (V - 128) high
+    const __m256i g2 = _mm256_mulhi_epi16(_mm256_add_epi16(c8, c8), _mm256_set1_epi32(avx2::kNarrowGreen));
+    return avx2::PairTerms{_mm256_mulhi_epi16(c8, _mm256_set1_epi32(avx2::kNarrowBlueRed)),
+                           _mm256_slli_epi32(_mm256_madd_epi16(g2, _mm256_set1_epi16(1)), 15)};
 }
 
 }  // namespace
 
 PIXMOOR_TARGET_AVX2 int32_t NarrowPacked422ToRgbAvx2(const uint8_t* in, uint8_t* out, int32_t count) {
-    return avx2::Packed422Steps<&Pixels16>(in, out, count);
+    return avx2::Packed422Steps<&Terms>(in, out, count);
 }
 
 }  // namespace pixmoor::colour::fast

@@ -23,12 +23,11 @@ PIXMOOR_TARGET_AVX2 __m256i Pair(int32_t low, int32_t high) {
 }
 
 PIXMOOR_TARGET_AVX2 __m256i Pixels8(__m256i src) {
-    const __m256i c = _mm256_slli_epi16(avx2::CentredChroma(src), 3);  // u' low, v' high
-    const __m256i r = _mm256_mulhi_epi16(c, Pair(0, F::kRV));           // high half
+    const __m256i c = avx2::CentredChroma(src, 8);  // u' low, v' high
+    const __m256i blueRed = _mm256_mulhi_epi16(c, Pair(F::kBU, F::kRV));  // B low, R high
     const __m256i g2 = _mm256_mulhi_epi16(c, Pair(F::kGU, F::kGV));
-    const __m256i g = _mm256_add_epi16(g2, _mm256_srli_epi32(g2, 16));  // low half
-    const __m256i b = _mm256_mulhi_epi16(c, Pair(F::kBU, 0));           // low half
-    return avx2::ToPixels(avx2::Luma(src), r, g, b);
+    const __m256i green = _mm256_add_epi16(g2, _mm256_slli_epi32(g2, 16));  // high half
+    return avx2::ToPixels(avx2::LumaWords(src), blueRed, green);
 }
 
 }  // namespace

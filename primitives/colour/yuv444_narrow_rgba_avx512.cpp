@@ -20,12 +20,11 @@ PIXMOOR_TARGET_AVX512 __m512i Pair(int32_t low, int32_t high) {
 }
 
 PIXMOOR_TARGET_AVX512 __m512i Pixels16(__m512i src) {
-    const __m512i c = _mm512_slli_epi16(avx512::CentredChroma(src), 3);  // u' low, v' high
-    const __m512i r = _mm512_mulhi_epi16(c, Pair(0, F::kRV));             // high half
+    const __m512i c = avx512::CentredChroma(src, 8);  // u' low, v' high
+    const __m512i blueRed = _mm512_mulhi_epi16(c, Pair(F::kBU, F::kRV));    // B low, R high
     const __m512i g2 = _mm512_mulhi_epi16(c, Pair(F::kGU, F::kGV));
-    const __m512i g = _mm512_add_epi16(g2, _mm512_srli_epi32(g2, 16));    // low half
-    const __m512i b = _mm512_mulhi_epi16(c, Pair(F::kBU, 0));             // low half
-    return avx512::ToPixels(avx512::Luma(src), r, g, b);
+    const __m512i green = _mm512_add_epi16(g2, _mm512_slli_epi32(g2, 16));  // high half
+    return avx512::ToPixels(avx512::LumaWords(src), blueRed, green);
 }
 
 }  // namespace

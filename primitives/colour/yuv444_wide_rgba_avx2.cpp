@@ -14,8 +14,8 @@ namespace pixmoor::colour::fast {
 namespace {
 
 PIXMOOR_TARGET_AVX2 __m256i Pixels8(__m256i src) {
-    const avx2::PairTerms t = avx2::TermsOfPairs(avx2::CentredChroma(src));
-    return avx2::ToPixels(avx2::Luma(src), t.r, t.g, t.b);
+    const __m256i c = avx2::CentredChroma(src, 1);
+    return avx2::ToPixels(avx2::LumaWords(src), avx2::BlueRedTerms(c), avx2::GreenTermHigh(c));
 }
 
 }  // namespace

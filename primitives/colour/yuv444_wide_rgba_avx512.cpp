@@ -14,12 +14,13 @@ namespace pixmoor::colour::fast {
 namespace {
 
 PIXMOOR_TARGET_AVX512 __m512i Pixels16(__m512i src) {
-    const __m512i c = avx512::CentredChroma(src);  // du low, dv high
-    const __m512i r = _mm512_add_epi16(c, _mm512_mulhi_epi16(c, _mm512_set1_epi16(avx2::kRvRest)));
-    const __m512i gFactors = _mm512_broadcast_i32x4(_mm256_castsi256_si128(avx2::GreenFactors()));
-    const __m512i g = _mm512_sub_epi16(_mm512_srai_epi32(_mm512_madd_epi16(c, gFactors), 16), _mm512_srli_epi32(c, 16));
-    const __m512i b = _mm512_add_epi16(_mm512_add_epi16(c, c), _mm512_mulhi_epi16(c, _mm512_set1_epi16(avx2::kBuRest)));
-    return avx512::ToPixels(avx512::Luma(src), r, g, b);
+    const __m512i c = avx512::CentredChroma(src, 1);  // du low, dv high
+    // 2 du + mulhi(du, 2097) low, dv + mulhi(dv, 9175) high; the whole
+    // parts by a shift of each half by its own count.
+    const __m512i blueRed = _mm512_add_epi16(_mm512_sllv_epi16(c, _mm512_set1_epi32(avx2::LanePair(1, 0))),
+                                             _mm512_mulhi_epi16(c, _mm512_set1_epi32(avx2::kBlueRedRests)));
+    const __m512i green = _mm512_sub_epi16(_mm512_madd_epi16(c, _mm512_set1_epi32(avx2::kGreenFactors)), c);
+    return avx512::ToPixels(avx512::LumaWords(src), blueRed, green);
 }
 
 }  // namespace

@@ -284,23 +284,15 @@ TEST(Yuv422Convert, EveryYuvTripleMatchesTheModel) {
     for (int tier : yuv420_model::kTiers) {
         int failures = 0;
         for (int u = 0; u < 256 && failures == 0; u += pixmoor_test::SweepStride()) {
+            const Packed422Frame packed = EveryYvOfOneU(u);
             Yuv422Frame planes = Yuv422Frame::Make(w, h);
-            Packed422Frame packed;
-            packed.width = w;
-            packed.height = h;
-            packed.bytes.resize(static_cast<size_t>(2 * w) * h);
             for (int l = 0; l < h; ++l)
                 for (int j = 0; j < w / 2; ++j) {
-                    const int n = l * (w / 2) + j, v = n / 128, y = 2 * (n % 128);
-                    planes.U(j, l) = static_cast<uint8_t>(u);
-                    planes.V(j, l) = static_cast<uint8_t>(v);
-                    planes.Y(2 * j, l) = static_cast<uint8_t>(y);
-                    planes.Y(2 * j + 1, l) = static_cast<uint8_t>(y + 1);
-                    uint8_t* p = &packed.bytes[static_cast<size_t>(l) * 2 * w + 4 * j];
-                    p[0] = static_cast<uint8_t>(y);
-                    p[1] = static_cast<uint8_t>(u);
-                    p[2] = static_cast<uint8_t>(y + 1);
-                    p[3] = static_cast<uint8_t>(v);
+                    const uint8_t* p = &packed.bytes[static_cast<size_t>(l) * 2 * w + 4 * j];
+                    planes.Y(2 * j, l) = p[0];
+                    planes.U(j, l) = p[1];
+                    planes.Y(2 * j + 1, l) = p[2];
+                    planes.V(j, l) = p[3];
                 }
             if (!yuv420_harness::Same(RunFromPlanes(tier, false, true, planes, 0).frame,
                                       yuv422_model::FromPlanes(planes, tier)))

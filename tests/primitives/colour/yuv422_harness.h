@@ -167,6 +167,27 @@ inline Packed422Frame RandomPacked422(int w, int h, uint32_t seed) {
     return f;
 }
 
+// For one U, a packed frame of 512 by 128 whose pairs run through every V
+// and every Y, two Y values a pair (Y, Y + 1): 256 such frames hold every
+// YUV triple.
+inline Packed422Frame EveryYvOfOneU(int u) {
+    const int w = 512, h = 128;
+    Packed422Frame packed;
+    packed.width = w;
+    packed.height = h;
+    packed.bytes.resize(static_cast<size_t>(2 * w) * h);
+    for (int l = 0; l < h; ++l)
+        for (int j = 0; j < w / 2; ++j) {
+            const int n = l * (w / 2) + j, v = n / 128, y = 2 * (n % 128);
+            uint8_t* p = &packed.bytes[static_cast<size_t>(l) * 2 * w + 4 * j];
+            p[0] = static_cast<uint8_t>(y);
+            p[1] = static_cast<uint8_t>(u);
+            p[2] = static_cast<uint8_t>(y + 1);
+            p[3] = static_cast<uint8_t>(v);
+        }
+    return packed;
+}
+
 }  // namespace yuv422_harness
 
 #endif

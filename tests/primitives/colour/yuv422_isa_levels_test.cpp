@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "isa_levels.h"
+#include "sweep_stride.h"
 #include "yuv422_harness.h"
 
 using namespace yuv422_harness;
@@ -28,6 +29,23 @@ TEST(Yuv422IsaLevels, PackedToRgbMatchesTheModelAtEveryLevel) {
                     ASSERT_TRUE(r.result.outsideUntouched);
                     ASSERT_TRUE(yuv420_harness::Same(r.frame, yuv422_model::FromPacked(in, tier)));
                 }
+    });
+}
+
+// Every YUV triple through the packed member, in every tier, at every
+// level.
+TEST(Yuv422IsaLevels, EveryPackedTripleMatchesTheModelAtEveryLevel) {
+    pixmoor_test::ForEachIsaLevel([] {
+        for (int tier : yuv420_model::kTiers) {
+            int failures = 0;
+            for (int u = 0; u < 256 && failures == 0; u += pixmoor_test::SweepStride()) {
+                const Packed422Frame packed = EveryYvOfOneU(u);
+                if (!yuv420_harness::Same(RunFromPacked(tier, packed, 0, 0).frame,
+                                          yuv422_model::FromPacked(packed, tier)))
+                    ++failures;
+            }
+            EXPECT_EQ(failures, 0) << yuv420_model::TierName(tier);
+        }
     });
 }
 

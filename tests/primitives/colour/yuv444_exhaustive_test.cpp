@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <vector>
 
+#include "isa_levels.h"
 #include "yuv444_harness.h"
 
 using namespace yuv444_harness;
@@ -107,6 +108,17 @@ TEST_P(Yuv444Exhaustive, EveryTierMatchesItsModelAndStaysNearTheWideArithmetic) 
                         st.maxNarrowFromWide[k], share);
         }
     }
+}
+
+// ImgYUVAToRGBA is a dispatch row with vector forms at each instruction-set
+// level; each level's forms must give every triple's bytes, in every tier.
+TEST(Yuv444ExhaustiveLevels, YuvaToRgbaMatchesItsModelAtEveryLevel) {
+    pixmoor_test::ForEachIsaLevel([] {
+        for (int tier : kTiers) {
+            SCOPED_TRACE(TierName(tier));
+            EXPECT_EQ(Sweep(kYuvaToRgba, tier).mismatches, 0u);
+        }
+    });
 }
 
 INSTANTIATE_TEST_SUITE_P(AllMembers, Yuv444Exhaustive, ::testing::ValuesIn(kMembers),
