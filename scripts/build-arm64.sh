@@ -10,4 +10,4 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 export PIXMOOR_SWEEP_STRIDE=${PIXMOOR_SWEEP_STRIDE:-5}
-exec scripts/target-suite.sh build-arm64 cmake/toolchains/aarch64-linux-gnu.cmake "$@"
+exec scripts/target-suite.sh build-arm64 cmake/toolchains/aarch64-linux-gnu.cmake arm64 "$@"

@@ -5,4 +5,4 @@
 # the tests that check them run.  Needs g++-12-multilib.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-exec scripts/target-suite.sh build-x86-32 cmake/toolchains/x86-32-linux-gnu.cmake "$@"
+exec scripts/target-suite.sh build-x86-32 cmake/toolchains/x86-32-linux-gnu.cmake i386 "$@"
