@@ -1,18 +1,22 @@
 #!/usr/bin/env bash
-# Builds the library and the whole test suite for another target
-# with a CMake toolchain file, and runs the suite there.  The build scripts of
-# each platform (build-x86-32.sh, build-arm64.sh) call it.
-#   scripts/target-suite.sh <build folder> <toolchain file> [cmake options...]
+# Builds the library, the tool, the example and the whole test suite for
+# another target with a CMake toolchain file, and runs the suite there.  The
+# build scripts of each platform (build-x86-32.sh, build-arm64.sh) call it.
+#   scripts/target-suite.sh <build folder> <toolchain file> <Debian architecture>
+#                           [cmake options...]
 #
-# GoogleTest is built for the target from the sources that Debian's
-# libgtest-dev ships (/usr/src/googletest), so no foreign-architecture
-# packages are needed.  PIXMOOR_JOBS sets the parallel jobs (default: all
-# cores).
+# Nothing of the target's is installed on the machine: GoogleTest is built
+# for the target from the sources that Debian's libgtest-dev ships
+# (/usr/src/googletest), and the target's libpng and zlib are fetched into
+# <build folder>/target-packages, where the toolchain files look
+# (scripts/target-packages.sh).  PIXMOOR_JOBS sets the parallel jobs
+# (default: all cores).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=$1
 toolchain=$PWD/$2
-shift 2
+arch=$3
+shift 3
 jobs=${PIXMOOR_JOBS:-$(nproc)}
 
 gtest_build=$build/googletest
@@ -29,11 +33,10 @@ if [ ! -f "$gtest_prefix/lib/cmake/GTest/GTestConfig.cmake" ]; then
   } > "$build/googletest.log" 2>&1 || { cat "$build/googletest.log"; exit 1; }
 fi
 
-# The example and the tool write PNG files and need the target's libpng,
-# which the build machine does not have for other targets yet: they are left
-# out of these builds for now (the library and its whole suite are built).
+scripts/target-packages.sh "$build/target-packages" "$arch"
+
 cmake -S . -B "$build" -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_BUILD_TYPE=Release \
-  -DPIXMOOR_WERROR=ON -DPIXMOOR_BUILD_TESTS=ON -DPIXMOOR_BUILD_EXAMPLES=OFF -DPIXMOOR_BUILD_TOOLS=OFF \
+  -DPIXMOOR_WERROR=ON -DPIXMOOR_BUILD_TESTS=ON -DPIXMOOR_BUILD_EXAMPLES=ON -DPIXMOOR_BUILD_TOOLS=ON \
   -DGTest_DIR="$gtest_prefix/lib/cmake/GTest" "$@"
 cmake --build "$build" -j "$jobs"
 ctest --test-dir "$build" -j "$jobs" --output-on-failure

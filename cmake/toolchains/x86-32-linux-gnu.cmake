@@ -21,6 +21,15 @@ set(CMAKE_LIBRARY_ARCHITECTURE i386-linux-gnu)
 set(FIND_LIBRARY_USE_LIB32_PATHS ON)
 set_property(GLOBAL PROPERTY FIND_LIBRARY_USE_LIB64_PATHS OFF)
 
+# The 32-bit libpng and zlib that the tool and the example link come from
+# the build folder (scripts/target-packages.sh fetches them there); they are
+# searched before the machine's own folders, which have the 32-bit ones only
+# if someone installed them.
+if(NOT PIXMOOR_TARGET_PACKAGES)
+  set(PIXMOOR_TARGET_PACKAGES ${CMAKE_BINARY_DIR}/target-packages)
+endif()
+list(APPEND CMAKE_FIND_ROOT_PATH ${PIXMOOR_TARGET_PACKAGES})
+
 # The kernel's asm headers are the same for both x86 widths; Debian puts
 # them under the x86-64 multiarch folder, and only the gcc-multilib
 # meta-package (which conflicts with the cross compilers) links them where a

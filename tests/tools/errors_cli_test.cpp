@@ -171,7 +171,7 @@ TEST_F(ToolErrorsCli, ReaderOfStandardOutputGoingAway) {
     for (int i = 0; i < 4; ++i) frames = Concat(frames, frames);  // 16 frames, 4.8 MB of RGB out
     WriteBytes(dir / "big", frames);
     const std::string command = "cd " + ShellQuote(dir.path().string()) + " && bash -c " +
-                                ShellQuote(ShellQuote(InstalledTool()) +
+                                ShellQuote(ToolCommand() +
                                            " convert -q -i big -o - -f I420 -t RG24 -s 352x288 2> err | head -c 1 "
                                            "> /dev/null; echo ${PIPESTATUS[0]} > status");
     ASSERT_EQ(std::system(command.c_str()), 0);

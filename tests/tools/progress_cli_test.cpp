@@ -17,7 +17,7 @@ namespace {
 // makes long work whatever the machine's speed.
 std::string SlowConvert(const TempDir& dir) {
     return "(cat " + ShellQuote(dir / "two") + "; sleep 1.3; cat " + ShellQuote(dir / "two") + ") | " +
-           ShellQuote(InstalledTool()) + " convert -i - -o " + ShellQuote(dir / "out") +
+           ToolCommand() + " convert -i - -o " + ShellQuote(dir / "out") +
            " -f I420 -t RG24 -s 32x16";
 }
 

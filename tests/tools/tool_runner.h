@@ -56,12 +56,16 @@ inline const std::string& InstalledTool() {
     return tool;
 }
 
+// The shell words that start the installed tool: on a build for another
+// processor, the emulator that runs the target's programs comes first.
+inline std::string ToolCommand() { return PIXMOOR_TOOL_EMULATOR + ShellQuote(InstalledTool()); }
+
 // Runs the installed tool with `args` in folder `dir`; `stdinPath` (if not
 // empty) feeds standard input, `stdoutPath` (if not empty) takes standard
 // output instead of the capture.
 inline ToolRun RunTool(const TempDir& dir, const std::vector<std::string>& args, const std::string& stdinPath = "",
                        const std::string& stdoutPath = "") {
-    std::string command = "cd " + ShellQuote(dir.path().string()) + " && " + ShellQuote(InstalledTool());
+    std::string command = "cd " + ShellQuote(dir.path().string()) + " && " + ToolCommand();
     for (const std::string& a : args) command += " " + ShellQuote(a);
     const std::string outFile = stdoutPath.empty() ? dir / ".run.out" : stdoutPath;
     const std::string errFile = dir / ".run.err";
