@@ -44,10 +44,32 @@ struct FrameBytes {
 
 // The copy of the planes sits at the start of rgbBuffer: Y, then the second
 // and third planes, compact.  It ends well before the mark.
-void KeepPlanes(const FrameBytes& f, const uint8_t* const planes[3], uint8_t* rgbBuffer) {
-    std::memcpy(rgbBuffer, planes[0], static_cast<size_t>(f.luma));
-    std::memcpy(rgbBuffer + f.luma, planes[1], static_cast<size_t>(f.chroma));
-    std::memcpy(rgbBuffer + f.luma + f.chroma, planes[2], static_cast<size_t>(f.chroma));
+//
+// The frame goes in strips of a few line pairs, each strip's planes copied
+// right after it is converted, while they are still in the cache.  Every
+// pixel depends on its own Y and its pair's chroma alone, and a strip of
+// whole line pairs gets the same row kernel and edge code as in one call,
+// so the strips give the bytes of the whole-frame call.
+constexpr int32_t kStripRows = 2;
+static_assert(kStripRows % 2 == 0, "strips of whole line pairs");
+
+void ConvertAndKeepInStrips(const FrameBytes& f, PrimTier tier, const uint8_t* const planes[3], uint8_t* dst,
+                            int32_t step, uint8_t* rgbBuffer) {
+    uint8_t* const keptY = rgbBuffer;
+    uint8_t* const kept1 = keptY + f.luma;
+    uint8_t* const kept2 = kept1 + f.chroma;
+    for (int32_t top = 0; top < f.height; top += kStripRows) {
+        const int32_t rows = f.height - top < kStripRows ? f.height - top : kStripRows;
+        const int64_t lumaAt = int64_t{f.width} * top;
+        const int64_t chromaAt = int64_t{f.chromaLine} * (top >> 1);
+        const uint8_t* const strip[3] = {planes[0] + lumaAt, planes[1] + chromaAt, planes[2] + chromaAt};
+        colour::Yuv420ToRgb0Wide(tier, strip, dst + int64_t{step} * top, step, f.width, rows);
+        const auto lumaBytes = static_cast<size_t>(int64_t{f.width} * rows);
+        const auto chromaBytes = static_cast<size_t>(int64_t{f.chromaLine} * ((rows >> 1) + (rows & 1)));
+        std::memcpy(keptY + lumaAt, strip[0], lumaBytes);
+        std::memcpy(kept1 + chromaAt, strip[1], chromaBytes);
+        std::memcpy(kept2 + chromaAt, strip[2], chromaBytes);
+    }
 }
 
 }  // namespace
@@ -81,9 +103,7 @@ bool ConvertRG32InOnePass(const CColorXFormPlanarToRG32* t, const uint8_t* const
     if (entry != &px_ImgYUV420ToRGB && entry != &m6_ImgYUV420ToRGB) return false;
     const bool m6 = entry == &m6_ImgYUV420ToRGB;
 
-    colour::Yuv420ToRgb0Wide(m6 ? PrimTierM6 : PrimTierPx, planes, dst, static_cast<int32_t>(step), f.width,
-                             f.height);
-    KeepPlanes(f, planes, t->rgbBuffer);
+    ConvertAndKeepInStrips(f, m6 ? PrimTierM6 : PrimTierPx, planes, dst, static_cast<int32_t>(step), t->rgbBuffer);
     f.MarkOf(t->rgbBuffer) = m6 ? kHoldsPlanesM6 : kHoldsPlanesPx;
     return true;
 }
