@@ -23,8 +23,11 @@ enum BufferMark : uint8_t {
     kHoldsPlanesM6 = 2,  // the same, by m6
 };
 
-// The sizes of a frame whose buffer can carry a mark: then rgbBuffer is
-// 4*W*H bytes, a count Init reckoned without wrapping.
+// The sizes of a frame, and whether its buffer carries a mark: rgbBuffer
+// is there and is 4*W*H bytes, a count reckoned without wrapping.  Init
+// allocates rgbBuffer of destBufferSize bytes, so the two agree unless the
+// last Init failed its size test after the allocation (size then stays
+// what it was): with another size, the buffer is left as it is.
 struct FrameBytes {
     int32_t width, height;
     int32_t chromaLine, chromaRows;  // the compact chroma planes: ceil(W/2) by ceil(H/2)
@@ -38,7 +41,10 @@ struct FrameBytes {
           luma(int64_t{width} * height),
           chroma(int64_t{chromaLine} * chromaRows),
           buffer(luma * 4) {}
-    bool Marked() const { return width >= 1 && height >= 1 && buffer <= INT32_MAX; }
+    bool Sized() const { return width >= 1 && height >= 1 && buffer <= INT32_MAX; }
+    bool Marked(const CColorXFormPlanarToRG32* t) const {
+        return t->rgbBuffer != nullptr && Sized() && int64_t{t->destBufferSize} == buffer;
+    }
     uint8_t& MarkOf(uint8_t* rgbBuffer) const { return rgbBuffer[buffer - 1]; }
 };
 
@@ -76,15 +82,14 @@ void ConvertAndKeepInStrips(const FrameBytes& f, PrimTier tier, const uint8_t* c
 
 void MarkRG32BufferFresh(uint8_t* rgbBuffer, AbsSIZE size) {
     const FrameBytes f(size.cx, size.cy);
-    if (f.Marked()) f.MarkOf(rgbBuffer) = kHoldsPicture;
+    if (rgbBuffer != nullptr && f.Sized()) f.MarkOf(rgbBuffer) = kHoldsPicture;
 }
 
 bool ConvertRG32InOnePass(const CColorXFormPlanarToRG32* t, const uint8_t* const planes[3], uint8_t* dst,
                           int32_t gap) {
     const FrameBytes f(t->size.cx, t->size.cy);
     // What the conversion would refuse, and what keeps no mark.
-    if (planes[0] == nullptr || planes[1] == nullptr || planes[2] == nullptr || dst == nullptr ||
-        t->rgbBuffer == nullptr || !f.Marked())
+    if (planes[0] == nullptr || planes[1] == nullptr || planes[2] == nullptr || dst == nullptr || !f.Marked(t))
         return false;
     // Rows go down the destination without touching one another, every
     // offset within 32 bits.
@@ -110,7 +115,7 @@ bool ConvertRG32InOnePass(const CColorXFormPlanarToRG32* t, const uint8_t* const
 
 void RestoreRG32Picture(const CColorXFormPlanarToRG32* t) {
     const FrameBytes f(t->size.cx, t->size.cy);
-    if (t->rgbBuffer == nullptr || !f.Marked()) return;
+    if (!f.Marked(t)) return;
     uint8_t& mark = f.MarkOf(t->rgbBuffer);
     if (mark == kHoldsPicture) return;
     // The picture is written over the copy, so the copy moves out first.
