@@ -51,11 +51,12 @@ struct FrameBytes {
 // The copy of the planes sits at the start of rgbBuffer: Y, then the second
 // and third planes, compact.  It ends well before the mark.
 //
-// The frame goes in strips of a few line pairs, each strip's planes copied
-// right after it is converted, while they are still in the cache.  Every
-// pixel depends on its own Y and its pair's chroma alone, and a strip of
-// whole line pairs gets the same row kernel and edge code as in one call,
-// so the strips give the bytes of the whole-frame call.
+// The frame goes one line pair at a time (the last line of an odd height
+// alone), each pair's planes copied right after it is converted, while
+// they are still in the cache.  Every pixel depends on its own Y and its
+// pair's chroma alone, and a strip of whole line pairs gets the same row
+// kernel and edge code as in one call, so the strips give the bytes of the
+// whole-frame call.
 constexpr int32_t kStripRows = 2;
 static_assert(kStripRows % 2 == 0, "strips of whole line pairs");
 

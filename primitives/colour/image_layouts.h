@@ -65,18 +65,10 @@ struct PackedRgbOut {
 
 // Packed destination of 4-byte pixels: the three channels in the order
 // PackedRgbOut writes them, then a zero byte.
-struct PackedRgb0Out {
-    using Line = uint8_t*;
-
-    uint8_t* base;
-    int32_t step;
-
-    Line LineAt(int32_t line) const { return colour::LineAt(base, step, line); }
+struct PackedRgb0Out : PackedRgbOut {
     static void Store(Line l, int32_t x, Rgb c) {
         uint8_t* p = l + 4 * static_cast<intptr_t>(x);
-        p[0] = static_cast<uint8_t>(c.r);
-        p[1] = static_cast<uint8_t>(c.g);
-        p[2] = static_cast<uint8_t>(c.b);
+        PackedRgbOut::Store(p, 0, c);
         p[3] = 0;
     }
 };

@@ -19,7 +19,7 @@ void Yuv420ToRgb0Wide(PrimTier tier, const uint8_t* const planes[3], uint8_t* ds
     const FromYuv420Row<PackedRgb0Out> row = tier == PrimTierM6
                                                  ? &wide::FromYuv420Kernel<ImgClampTableM6, PackedRgb0Out>
                                                  : &wide::FromYuv420Kernel<ImgClampTable, PackedRgb0Out>;
-    DriveFromYuv420(in, PackedRgb0Out{dst, dstStep}, width, height, row, &FinishPlain);
+    DriveFromYuv420(in, PackedRgb0Out{{dst, dstStep}}, width, height, row, &FinishPlain);
 }
 
 }  // namespace pixmoor::colour
