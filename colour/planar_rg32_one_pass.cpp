@@ -4,8 +4,6 @@
 #include <pixmoor/runtime.h>
 
 #include <cstring>
-#include <memory>
-#include <new>
 
 #include "colour/byte_span.h"
 #include "primitives/colour/yuv420_wide_rgb0.h"
@@ -27,55 +25,64 @@ enum BufferMark : uint8_t {
 // is there and is 4*W*H bytes, a count reckoned without wrapping.  Init
 // allocates rgbBuffer of destBufferSize bytes, so the two agree unless the
 // last Init failed its size test after the allocation (size then stays
-// what it was): with another size, the buffer is left as it is.
+// what it was): with another size, the buffer is left as it is.  Sizes
+// that passed the size test are multiples of 4, which the layout of the
+// copy below relies on.
 struct FrameBytes {
     int32_t width, height;
-    int32_t chromaLine, chromaRows;  // the compact chroma planes: ceil(W/2) by ceil(H/2)
-    int64_t luma, chroma, buffer;
+    int64_t buffer;     // bytes of rgbBuffer
+    int64_t pairBytes;  // the copy of one line pair: two Y rows, one row of each chroma plane
+    int64_t copyStart;  // where the copy begins in rgbBuffer
 
     FrameBytes(int32_t w, int32_t h)
         : width(w),
           height(h),
-          chromaLine((width >> 1) + (width & 1)),
-          chromaRows((height >> 1) + (height & 1)),
-          luma(int64_t{width} * height),
-          chroma(int64_t{chromaLine} * chromaRows),
-          buffer(luma * 4) {}
-    bool Sized() const { return width >= 1 && height >= 1 && buffer <= INT32_MAX; }
+          buffer(int64_t{w} * h * 4),
+          pairBytes(int64_t{w} * 3),
+          copyStart(buffer - 1 - pairBytes * (h >> 1)) {}
+    bool Sized() const {
+        return width >= 4 && height >= 4 && (width & 3) == 0 && (height & 3) == 0 && buffer <= INT32_MAX;
+    }
     bool Marked(const CColorXFormPlanarToRG32* t) const {
         return t->rgbBuffer != nullptr && Sized() && int64_t{t->destBufferSize} == buffer;
     }
     uint8_t& MarkOf(uint8_t* rgbBuffer) const { return rgbBuffer[buffer - 1]; }
+
+    // The three planes of line pair `pair` of a frame.
+    static void PairPlanes(const uint8_t* const planes[3], int32_t width, int32_t pair, const uint8_t* out[3]) {
+        out[0] = planes[0] + int64_t{width} * 2 * pair;
+        out[1] = planes[1] + int64_t{width >> 1} * pair;
+        out[2] = planes[2] + int64_t{width >> 1} * pair;
+    }
+    // The copy of line pair `pair`: its Y rows, then its rows of the
+    // second and third planes.
+    uint8_t* CopyOf(uint8_t* rgbBuffer, int32_t pair) const { return rgbBuffer + copyStart + pairBytes * pair; }
+    int64_t SecondAt() const { return int64_t{width} * 2; }
+    int64_t ThirdAt() const { return SecondAt() + (width >> 1); }
 };
 
-// The copy of the planes sits at the start of rgbBuffer: Y, then the second
-// and third planes, compact.  It ends well before the mark.
-//
-// The frame goes one line pair at a time (the last line of an odd height
-// alone), each pair's planes copied right after it is converted, while
-// they are still in the cache.  Every pixel depends on its own Y and its
-// pair's chroma alone, and a strip of whole line pairs gets the same row
-// kernel and edge code as in one call, so the strips give the bytes of the
+// The frame goes one line pair at a time, each pair's planes copied right
+// after it is converted, while they are still in the cache.  Every pixel
+// depends on its own Y and its pair's chroma alone, and a line pair gets
+// the same row kernel whether it is converted alone or with the others
+// (the widths have no odd last column), so the pairs give the bytes of the
 // whole-frame call.
-constexpr int32_t kStripRows = 2;
-static_assert(kStripRows % 2 == 0, "strips of whole line pairs");
-
-void ConvertAndKeepInStrips(const FrameBytes& f, PrimTier tier, const uint8_t* const planes[3], uint8_t* dst,
-                            int32_t step, uint8_t* rgbBuffer) {
-    uint8_t* const keptY = rgbBuffer;
-    uint8_t* const kept1 = keptY + f.luma;
-    uint8_t* const kept2 = kept1 + f.chroma;
-    for (int32_t top = 0; top < f.height; top += kStripRows) {
-        const int32_t rows = f.height - top < kStripRows ? f.height - top : kStripRows;
-        const int64_t lumaAt = int64_t{f.width} * top;
-        const int64_t chromaAt = int64_t{f.chromaLine} * (top >> 1);
-        const uint8_t* const strip[3] = {planes[0] + lumaAt, planes[1] + chromaAt, planes[2] + chromaAt};
-        colour::Yuv420ToRgb0Wide(tier, strip, dst + int64_t{step} * top, step, f.width, rows);
-        const auto lumaBytes = static_cast<size_t>(int64_t{f.width} * rows);
-        const auto chromaBytes = static_cast<size_t>(int64_t{f.chromaLine} * ((rows >> 1) + (rows & 1)));
-        std::memcpy(keptY + lumaAt, strip[0], lumaBytes);
-        std::memcpy(kept1 + chromaAt, strip[1], chromaBytes);
-        std::memcpy(kept2 + chromaAt, strip[2], chromaBytes);
+//
+// The copy fills the end of rgbBuffer up to the mark, pair after pair.
+// Turning it back into the picture, pair by pair from the top, writes the
+// 6*W bytes of pair i below the copy of pair i as long as
+// 6*W*(i+1) <= copyStart + 3*W*i, that is for every pair when H >= 4: no
+// pair is written over before it is read.
+void ConvertAndKeep(const FrameBytes& f, PrimTier tier, const uint8_t* const planes[3], uint8_t* dst,
+                    int32_t step, uint8_t* rgbBuffer) {
+    for (int32_t pair = 0; pair < (f.height >> 1); ++pair) {
+        const uint8_t* in[3];
+        FrameBytes::PairPlanes(planes, f.width, pair, in);
+        colour::Yuv420ToRgb0Wide(tier, in, dst + int64_t{step} * 2 * pair, step, f.width, 2);
+        uint8_t* const kept = f.CopyOf(rgbBuffer, pair);
+        std::memcpy(kept, in[0], static_cast<size_t>(f.SecondAt()));
+        std::memcpy(kept + f.SecondAt(), in[1], static_cast<size_t>(f.width >> 1));
+        std::memcpy(kept + f.ThirdAt(), in[2], static_cast<size_t>(f.width >> 1));
     }
 }
 
@@ -98,9 +105,11 @@ bool ConvertRG32InOnePass(const CColorXFormPlanarToRG32* t, const uint8_t* const
     if (gap < 0 || int64_t{t->destLineSize} != int64_t{f.width} * 4 || step * f.height > INT32_MAX) return false;
     // The two passes read the whole source before they write anything, and
     // the buffer is theirs alone: here nothing may share a byte.
+    const int32_t chromaLine = f.width >> 1;
+    const int32_t chromaRows = f.height >> 1;
     const ByteSpan source = ByteSpan::OfRows(planes[0], f.width, f.height, f.width)
-                                .Join(ByteSpan::OfRows(planes[1], f.chromaLine, f.chromaRows, f.chromaLine))
-                                .Join(ByteSpan::OfRows(planes[2], f.chromaLine, f.chromaRows, f.chromaLine));
+                                .Join(ByteSpan::OfRows(planes[1], chromaLine, chromaRows, chromaLine))
+                                .Join(ByteSpan::OfRows(planes[2], chromaLine, chromaRows, chromaLine));
     const ByteSpan out = ByteSpan::OfRows(dst, step, f.height, f.width * 4);
     const ByteSpan buffer = ByteSpan::OfRows(t->rgbBuffer, 0, 1, static_cast<int32_t>(f.buffer));
     if (out.Overlaps(source) || out.Overlaps(buffer) || source.Overlaps(buffer)) return false;
@@ -109,7 +118,7 @@ bool ConvertRG32InOnePass(const CColorXFormPlanarToRG32* t, const uint8_t* const
     if (entry != &px_ImgYUV420ToRGB && entry != &m6_ImgYUV420ToRGB) return false;
     const bool m6 = entry == &m6_ImgYUV420ToRGB;
 
-    ConvertAndKeepInStrips(f, m6 ? PrimTierM6 : PrimTierPx, planes, dst, static_cast<int32_t>(step), t->rgbBuffer);
+    ConvertAndKeep(f, m6 ? PrimTierM6 : PrimTierPx, planes, dst, static_cast<int32_t>(step), t->rgbBuffer);
     f.MarkOf(t->rgbBuffer) = m6 ? kHoldsPlanesM6 : kHoldsPlanesPx;
     return true;
 }
@@ -119,15 +128,13 @@ void RestoreRG32Picture(const CColorXFormPlanarToRG32* t) {
     if (!f.Marked(t)) return;
     uint8_t& mark = f.MarkOf(t->rgbBuffer);
     if (mark == kHoldsPicture) return;
-    // The picture is written over the copy, so the copy moves out first.
-    // Should there be no memory for that, the buffer is left as it is.
-    const int64_t bytes = f.luma + 2 * f.chroma;
-    const std::unique_ptr<uint8_t[]> copy(new (std::nothrow) uint8_t[static_cast<size_t>(bytes)]);
-    if (copy != nullptr) {
-        std::memcpy(copy.get(), t->rgbBuffer, static_cast<size_t>(bytes));
-        const uint8_t* const planes[3] = {copy.get(), copy.get() + f.luma, copy.get() + f.luma + f.chroma};
-        const ConvertEntry convert = mark == kHoldsPlanesM6 ? &m6_ImgYUV420ToRGB : &px_ImgYUV420ToRGB;
-        convert(planes, t->rgbBuffer, f.width, f.height);
+    // Pair by pair from the top, each written below what is still to be
+    // read (see ConvertAndKeep).
+    const ConvertEntry convert = mark == kHoldsPlanesM6 ? &m6_ImgYUV420ToRGB : &px_ImgYUV420ToRGB;
+    for (int32_t pair = 0; pair < (f.height >> 1); ++pair) {
+        const uint8_t* const at = f.CopyOf(t->rgbBuffer, pair);
+        const uint8_t* const kept[3] = {at, at + f.SecondAt(), at + f.ThirdAt()};
+        convert(kept, t->rgbBuffer + int64_t{f.width} * 6 * pair, f.width, 2);
     }
     mark = kHoldsPicture;
 }
