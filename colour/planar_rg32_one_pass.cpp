@@ -61,12 +61,12 @@ struct FrameBytes {
     int64_t ThirdAt() const { return SecondAt() + (width >> 1); }
 };
 
-// The frame goes one line pair at a time, each pair's planes copied right
-// after it is converted, while they are still in the cache.  Every pixel
-// depends on its own Y and its pair's chroma alone, and a line pair gets
-// the same row kernel whether it is converted alone or with the others
-// (the widths have no odd last column), so the pairs give the bytes of the
-// whole-frame call.
+// The frame goes one line pair at a time, each pair's samples copied
+// aside as it is converted (step by step in the vector forms, while the
+// samples are at hand).  Every pixel depends on its own Y and its pair's
+// chroma alone, and a line pair gets the same row kernel whether it is
+// converted alone or with the others (the widths have no odd last column),
+// so the pairs give the bytes of the whole-frame call.
 //
 // The copy fills the end of rgbBuffer up to the mark, pair after pair.
 // Turning it back into the picture, pair by pair from the top, writes the
@@ -78,11 +78,11 @@ void ConvertAndKeep(const FrameBytes& f, PrimTier tier, const uint8_t* const pla
     for (int32_t pair = 0; pair < (f.height >> 1); ++pair) {
         const uint8_t* in[3];
         FrameBytes::PairPlanes(planes, f.width, pair, in);
-        colour::Yuv420ToRgb0Wide(tier, in, dst + int64_t{step} * 2 * pair, step, f.width, 2);
         uint8_t* const kept = f.CopyOf(rgbBuffer, pair);
-        std::memcpy(kept, in[0], static_cast<size_t>(f.SecondAt()));
-        std::memcpy(kept + f.SecondAt(), in[1], static_cast<size_t>(f.width >> 1));
-        std::memcpy(kept + f.ThirdAt(), in[2], static_cast<size_t>(f.width >> 1));
+        uint8_t* const top = dst + int64_t{step} * 2 * pair;
+        colour::Yuv420PairToRgb0WideKeeping(
+            tier, colour::Yuv420Lines<const uint8_t>{in[0], in[0] + f.width, in[1], in[2]}, top, top + step, f.width,
+            colour::Yuv420Lines<uint8_t>{kept, kept + f.width, kept + f.SecondAt(), kept + f.ThirdAt()});
     }
 }
 

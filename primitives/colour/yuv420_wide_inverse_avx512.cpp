@@ -1,8 +1,8 @@
 // The px and m6 inverse 4:2:0 row kernels to packed RGB (3-byte pixels, or
 // 4-byte ones with a zero last byte) with AVX-512: 32 pixel pairs (64
-// pixels of each line) a step, the lane arithmetic of the
-// AVX2 form (yuv420_wide_inverse_avx2.cpp) on 512-bit vectors, the same
-// bytes as the plain kernel.
+// pixels of each line) a step, the lane arithmetic of the AVX2 form
+// (yuv420_wide_inverse_avx2.cpp) on 512-bit vectors, the same bytes as the
+// plain kernel.
 #include "primitives/colour/yuv420_fast_rows.h"
 
 #if PIXMOOR_HAVE_X86_TARGETS
@@ -71,14 +71,24 @@ PIXMOOR_TARGET_AVX512 void Line64(const uint8_t* y, const Offsets& o, uint8_t* o
     Store(out, Channel(yLow, yHigh, o.r), Channel(yLow, yHigh, o.g), Channel(yLow, yHigh, o.b));
 }
 
+// 32 pixel pairs a step while whole steps fit; returns the pairs done.
+// With `kept`, the samples each step read are copied there too.
 template <Store64Pixels Store, int kBytes>
 PIXMOOR_TARGET_AVX512 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
-                                        int32_t pairs) {
+                                        int32_t pairs, const Yuv420Lines<uint8_t>* kept) {
     const int32_t whole = pairs & ~31;
     for (int32_t j = 0; j < whole; j += 32) {
         const Offsets o = PairOffsets(in.u + j, in.v + j);
         Line64<Store>(in.y0 + 2 * j, o, top + 2 * kBytes * static_cast<intptr_t>(j));
         Line64<Store>(in.y1 + 2 * j, o, bottom + 2 * kBytes * static_cast<intptr_t>(j));
+        if (kept != nullptr) {
+            _mm512_storeu_si512(kept->y0 + 2 * j, _mm512_loadu_si512(in.y0 + 2 * j));
+            _mm512_storeu_si512(kept->y1 + 2 * j, _mm512_loadu_si512(in.y1 + 2 * j));
+            _mm256_storeu_si256(reinterpret_cast<__m256i*>(kept->u + j),
+                                _mm256_loadu_si256(reinterpret_cast<const __m256i*>(in.u + j)));
+            _mm256_storeu_si256(reinterpret_cast<__m256i*>(kept->v + j),
+                                _mm256_loadu_si256(reinterpret_cast<const __m256i*>(in.v + j)));
+        }
     }
     return whole;
 }
@@ -87,12 +97,13 @@ PIXMOOR_TARGET_AVX512 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, ui
 
 PIXMOOR_TARGET_AVX512 int32_t WideFromYuv420Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
                                                    uint8_t* bottom, int32_t pairs) {
-    return PairSteps<&avx512::StoreRgb64, 3>(in, top, bottom, pairs);
+    return PairSteps<&avx512::StoreRgb64, 3>(in, top, bottom, pairs, nullptr);
 }
 
 PIXMOOR_TARGET_AVX512 int32_t WideFromYuv420Rgb0Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
-                                                       uint8_t* bottom, int32_t pairs) {
-    return PairSteps<&StoreRgb0x64, 4>(in, top, bottom, pairs);
+                                                       uint8_t* bottom, int32_t pairs,
+                                                       const Yuv420Lines<uint8_t>* kept) {
+    return PairSteps<&StoreRgb0x64, 4>(in, top, bottom, pairs, kept);
 }
 
 }  // namespace pixmoor::colour::fast

@@ -11,6 +11,8 @@
 
 #include <cstdint>
 
+#include "primitives/colour/image_layouts.h"
+
 namespace pixmoor::colour {
 
 // `tier` is px or m6; the planes are compact (the steps ImgYUV420ToRGB
@@ -19,6 +21,13 @@ namespace pixmoor::colour {
 // accept the same planes, size and a non-null output.
 void Yuv420ToRgb0Wide(PrimTier tier, const uint8_t* const planes[3], uint8_t* dst, int32_t dstStep,
                       int32_t width, int32_t height);
+
+// One line pair of an even `width`, converted as Yuv420ToRgb0Wide converts
+// it into the lines `top` and `bottom`, its samples (the two luma lines and
+// the line of each chroma plane) also copied to `kept` on the way, for a
+// caller that keeps the planes aside.
+void Yuv420PairToRgb0WideKeeping(PrimTier tier, const Yuv420Lines<const uint8_t>& in, uint8_t* top,
+                                 uint8_t* bottom, int32_t width, const Yuv420Lines<uint8_t>& kept);
 
 }  // namespace pixmoor::colour
 

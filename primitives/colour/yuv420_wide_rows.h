@@ -39,8 +39,8 @@ int32_t FastFromYuv420(const Yuv420Lines<const uint8_t>& in, typename Out::Line 
         if (isa::Has(isa::kAvx2)) return fast::WideFromYuv420Avx2(in, top, bottom, pairs);
     }
     if constexpr (std::is_same_v<Out, PackedRgb0Out>) {
-        if (isa::Has(isa::kAvx512)) return fast::WideFromYuv420Rgb0Avx512(in, top, bottom, pairs);
-        if (isa::Has(isa::kAvx2)) return fast::WideFromYuv420Rgb0Avx2(in, top, bottom, pairs);
+        if (isa::Has(isa::kAvx512)) return fast::WideFromYuv420Rgb0Avx512(in, top, bottom, pairs, nullptr);
+        if (isa::Has(isa::kAvx2)) return fast::WideFromYuv420Rgb0Avx2(in, top, bottom, pairs, nullptr);
     }
 #endif
     (void)in, (void)top, (void)bottom, (void)pairs;

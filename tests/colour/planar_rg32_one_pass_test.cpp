@@ -166,43 +166,47 @@ TEST(PlanarToRg32OnePass, AForeignFunctionInTheSlotIsCalledAsBefore) {
 TEST(PlanarToRg32OnePass, AFailedFrameWidensTheLastPictureConverted) {
     for (int tier : {PrimTierPx, PrimTierM6}) {
         PlayedTier played(tier);
-        for (auto [w, h] : std::vector<std::pair<int, int>>{{4, 4}, {4, 8}, {8, 4}, {36, 8}, {128, 4}, {176, 12}, {20, 20}}) {
-            SCOPED_TRACE(std::string(yuv420_model::TierName(tier)) + " " + std::to_string(w) + "x" + std::to_string(h));
-            const YuvFrame first = RandomYuv(w, h, 61), second = RandomYuv(w, h, 62), third = RandomYuv(w, h, 63);
-            XFormPtr x = Ready(FCC_I420, FCC_RG32, w, h);
-            const uint32_t pitch = static_cast<uint32_t>(4 * w + 8);
-            const PlacedRows placedSecond = Model(second, tier, pitch);
-            RunFrame(x, FCC_I420, first, Model(first, tier, pitch), pitch, false);
-            EXPECT_EQ(RunFrame(x, FCC_I420, second, placedSecond, pitch, false).got, placedSecond.expected);
-            EXPECT_TRUE(WentInOnePass(x, second));
-            {
-                // A slot function that fails and writes nothing.
-                SlotSpies failing(true);
-                GuardedBuffer buf(placedSecond.expected.size(), kFill);
-                x->XForm(PlanarBytes(FCC_I420, third).data(), buf.data(), pitch);
-                EXPECT_EQ(buf.Contents(), placedSecond.expected);
-                EXPECT_EQ(failing.rows(), std::vector<int>{12});
-            }
-            // The conversion refuses a null source; then again after a frame
-            // in one pass.
-            for (int round = 0; round < 2; ++round) {
-                GuardedBuffer buf(placedSecond.expected.size(), kFill);
-                x->XForm(nullptr, buf.data(), pitch);
-                EXPECT_EQ(buf.Contents(), placedSecond.expected) << round;
-                EXPECT_TRUE(buf.GuardsIntact());
-                RunFrame(x, FCC_I420, second, placedSecond, pitch, false);
+        pixmoor_test::ForEachIsaLevel([tier] {
+            const std::vector<std::pair<int, int>> sizes{{4, 4}, {4, 8}, {8, 4}, {36, 8}, {128, 4}, {176, 12}, {20, 20}};
+            for (auto [w, h] : sizes) {
+                SCOPED_TRACE(std::string(yuv420_model::TierName(tier)) + " " + std::to_string(w) + "x" +
+                             std::to_string(h));
+                const YuvFrame first = RandomYuv(w, h, 61), second = RandomYuv(w, h, 62), third = RandomYuv(w, h, 63);
+                XFormPtr x = Ready(FCC_I420, FCC_RG32, w, h);
+                const uint32_t pitch = static_cast<uint32_t>(4 * w + 8);
+                const PlacedRows placedSecond = Model(second, tier, pitch);
+                RunFrame(x, FCC_I420, first, Model(first, tier, pitch), pitch, false);
+                EXPECT_EQ(RunFrame(x, FCC_I420, second, placedSecond, pitch, false).got, placedSecond.expected);
                 EXPECT_TRUE(WentInOnePass(x, second));
+                {
+                    // A slot function that fails and writes nothing.
+                    SlotSpies failing(true);
+                    GuardedBuffer buf(placedSecond.expected.size(), kFill);
+                    x->XForm(PlanarBytes(FCC_I420, third).data(), buf.data(), pitch);
+                    EXPECT_EQ(buf.Contents(), placedSecond.expected);
+                    EXPECT_EQ(failing.rows(), std::vector<int>{12});
+                }
+                // The conversion refuses a null source; then again after a frame
+                // in one pass.
+                for (int round = 0; round < 2; ++round) {
+                    GuardedBuffer buf(placedSecond.expected.size(), kFill);
+                    x->XForm(nullptr, buf.data(), pitch);
+                    EXPECT_EQ(buf.Contents(), placedSecond.expected) << round;
+                    EXPECT_TRUE(buf.GuardsIntact());
+                    RunFrame(x, FCC_I420, second, placedSecond, pitch, false);
+                    EXPECT_TRUE(WentInOnePass(x, second));
+                }
+                // A frame with a pitch shorter than the line goes through the
+                // buffer and converts in full: its own picture is widened.
+                const uint32_t shortPitch = static_cast<uint32_t>(4 * w - 4);
+                const PlacedRows placedThird = Model(third, tier, shortPitch);
+                EXPECT_EQ(RunFrame(x, FCC_I420, third, placedThird, shortPitch, false).got, placedThird.expected);
+                EXPECT_TRUE(BufferHoldsPicture(x, third, tier));
+                GuardedBuffer buf(placedThird.expected.size(), kFill);
+                x->XForm(nullptr, buf.data() + placedThird.dstOffset, shortPitch);
+                EXPECT_EQ(buf.Contents(), placedThird.expected);
             }
-            // A frame with a pitch shorter than the line goes through the
-            // buffer and converts in full: its own picture is widened.
-            const uint32_t shortPitch = static_cast<uint32_t>(4 * w - 4);
-            const PlacedRows placedThird = Model(third, tier, shortPitch);
-            EXPECT_EQ(RunFrame(x, FCC_I420, third, placedThird, shortPitch, false).got, placedThird.expected);
-            EXPECT_TRUE(BufferHoldsPicture(x, third, tier));
-            GuardedBuffer buf(placedThird.expected.size(), kFill);
-            x->XForm(nullptr, buf.data() + placedThird.dstOffset, shortPitch);
-            EXPECT_EQ(buf.Contents(), placedThird.expected);
-        }
+        });
     }
 }
 

@@ -76,6 +76,37 @@ TEST(Yuv420Rgb0, FullHdFrameAtEveryLevel) {
     });
 }
 
+// One line pair through the keeping form: the bytes of the whole-picture
+// form, and every sample of the pair copied, nothing written around.
+TEST(Yuv420Rgb0, APairKeepsItsSamplesAtEveryLevel) {
+    pixmoor_test::ForEachIsaLevel([] {
+        uint32_t seed = 1200;
+        for (int tier : {PrimTierPx, PrimTierM6})
+            for (int w : kWidths) {
+                if (w & 1) continue;
+                SCOPED_TRACE(std::string(yuv420_model::TierName(tier)) + " width " + std::to_string(w));
+                const YuvFrame f = RandomYuv(w, 2, seed++);
+                const size_t n = static_cast<unsigned>(w);
+                GuardedBuffer whole(8 * n, kFill), pair(8 * n, kFill);
+                const uint8_t* const planes[3] = {f.y.data(), f.u.data(), f.v.data()};
+                pixmoor::colour::Yuv420ToRgb0Wide(static_cast<PrimTier>(tier), planes, whole.data(), 4 * w, w, 2);
+                GuardedBuffer y0(n, kFill), y1(n, kFill), u(n / 2, kFill), v(n / 2, kFill);
+                pixmoor::colour::Yuv420PairToRgb0WideKeeping(
+                    static_cast<PrimTier>(tier),
+                    pixmoor::colour::Yuv420Lines<const uint8_t>{f.y.data(), f.y.data() + w, f.u.data(), f.v.data()},
+                    pair.data(), pair.data() + 4 * w, w,
+                    pixmoor::colour::Yuv420Lines<uint8_t>{y0.data(), y1.data(), u.data(), v.data()});
+                EXPECT_EQ(pair.Contents(), whole.Contents());
+                EXPECT_TRUE(pair.GuardsIntact());
+                EXPECT_EQ(y0.Contents(), std::vector<uint8_t>(f.y.begin(), f.y.begin() + w));
+                EXPECT_EQ(y1.Contents(), std::vector<uint8_t>(f.y.begin() + w, f.y.end()));
+                EXPECT_EQ(u.Contents(), f.u);
+                EXPECT_EQ(v.Contents(), f.v);
+                EXPECT_TRUE(y0.GuardsIntact() && y1.GuardsIntact() && u.GuardsIntact() && v.GuardsIntact());
+            }
+    });
+}
+
 // Chroma at both ends of its range, where the sums leave 0..255: the
 // clamps of the vector forms against the table of the plain code.
 TEST(Yuv420Rgb0, ExtremeSamplesClampAlike) {
