@@ -7,8 +7,9 @@
 #include <pixmoor/runtime.h>
 
 #include "colour/pixel_stores.h"
-#include "geometry/wrapping.h"
+#include "colour/planar_rg32_one_pass.h"
 #include "colour/repack_rows.h"
+#include "geometry/wrapping.h"
 
 using pixmoor::WrapAdd;
 using pixmoor::WrapMul;
@@ -55,6 +56,7 @@ bool CColorXFormPlanarBuffered<Dest, Routine>::Init(AbsSIZE size, CColorXForm::E
     constexpr int32_t kOnePixel = 3;
     rgbBuffer = pixmoor::NewByteBlock(bytes > 0 ? bytes : kOnePixel);
     if (rgbBuffer == nullptr) return false;  // before any orientation is resolved
+    if constexpr (Dest::kDestFCC == FCC_RG32) pixmoor::MarkRG32BufferFresh(rgbBuffer, size);
     this->srcOrientation = pixmoor::ResolveOrientation(srcOrientation, pixmoor::kYuvNatural);
     this->xformRoutine = Routine;
     return Dest::Init(size, srcOrientation, destOrientation);
@@ -129,6 +131,8 @@ void PlanarToRG32Routine(const CColorXForm* xform, const uint8_t* src, uint8_t* 
     // the end of the one before, so the picture runs H-1 bytes past
     // destBufferSize.
     const int32_t gap = destPitch == 0 ? 1 : WrapSub(static_cast<int32_t>(destPitch), t->destLineSize);
+    if (ConvertRG32InOnePass(t, SourcePlanes<CColorXFormPlanarToRG32>(t, src).planes, dst, gap)) return;
+    RestoreRG32Picture(t);
     ConvertThroughBuffer<StoreBgr32>(t, src, dst, gap);
 }
 

@@ -63,6 +63,16 @@ struct PackedRgbOut {
     }
 };
 
+// Packed destination of 4-byte pixels: the three channels in the order
+// PackedRgbOut writes them, then a zero byte.
+struct PackedRgb0Out : PackedRgbOut {
+    static void Store(Line l, int32_t x, Rgb c) {
+        uint8_t* p = l + 4 * static_cast<intptr_t>(x);
+        PackedRgbOut::Store(p, 0, c);
+        p[3] = 0;
+    }
+};
+
 // Three full-size planes R, G, B with one step.
 template <typename Sample>
 struct RgbPlaneLines {

@@ -21,6 +21,12 @@ int32_t WideFromYuv420Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top, u
                            int32_t pairs);
 int32_t WideFromYuv420Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
                              int32_t pairs);
+// The same arithmetic into 4-byte pixels (PackedRgb0Out); with `kept`
+// not null, the samples of the pairs done are also copied to its lines.
+int32_t WideFromYuv420Rgb0Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
+                               int32_t pairs, const Yuv420Lines<uint8_t>* kept);
+int32_t WideFromYuv420Rgb0Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
+                                 int32_t pairs, const Yuv420Lines<uint8_t>* kept);
 int32_t WideToYuv420Avx2(const uint8_t* top, const uint8_t* bottom, const Yuv420Lines<uint8_t>& out,
                          int32_t pairs);
 int32_t WideToYuv420Avx512(const uint8_t* top, const uint8_t* bottom, const Yuv420Lines<uint8_t>& out,

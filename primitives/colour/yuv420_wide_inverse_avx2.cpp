@@ -1,8 +1,8 @@
-// The px and m6 inverse 4:2:0 row kernel to packed RGB with AVX2: 16 pixel
-// pairs (32 pixels of each line) a step, the same bytes as the plain
-// kernel.  Each channel is Y plus the chroma term of wide_terms_avx2.h,
-// reckoned once a pair in 16-bit lanes; the unsigned saturating pack is
-// the clamp.
+// The px and m6 inverse 4:2:0 row kernels to packed RGB (3-byte pixels,
+// or 4-byte ones with a zero last byte) with AVX2: 16 pixel pairs (32
+// pixels of each line) a step, the same bytes as the plain kernel.  Each
+// channel is Y plus the chroma term of wide_terms_avx2.h, reckoned once a
+// pair in 16-bit lanes; the unsigned saturating pack is the clamp.
 #include "primitives/colour/yuv420_fast_rows.h"
 
 #if PIXMOOR_HAVE_X86_TARGETS
@@ -42,26 +42,74 @@ PIXMOOR_TARGET_AVX2 __m256i Channel(__m256i yLow, __m256i yHigh, __m256i offset)
                                _mm256_add_epi16(yHigh, _mm256_unpackhi_epi16(offset, offset)));
 }
 
+// Writes 32 pixels (128 bytes) from their R, G, B bytes in pixel order,
+// each followed by a zero byte.
+PIXMOOR_TARGET_AVX2 void StoreRgb0x32(uint8_t* p, __m256i r, __m256i g, __m256i b) {
+    const __m256i z = _mm256_setzero_si256();
+    const __m256i rgLow = _mm256_unpacklo_epi8(r, g), rgHigh = _mm256_unpackhi_epi8(r, g);
+    const __m256i b0Low = _mm256_unpacklo_epi8(b, z), b0High = _mm256_unpackhi_epi8(b, z);
+    // Each lane holds 4 pixels of its own 16: lane 0 of q0 pixels 0-3, lane
+    // 1 pixels 16-19, and so on.
+    const __m256i q0 = _mm256_unpacklo_epi16(rgLow, b0Low), q1 = _mm256_unpackhi_epi16(rgLow, b0Low);
+    const __m256i q2 = _mm256_unpacklo_epi16(rgHigh, b0High), q3 = _mm256_unpackhi_epi16(rgHigh, b0High);
+    __m256i* d = reinterpret_cast<__m256i*>(p);
+    _mm256_storeu_si256(d, _mm256_permute2x128_si256(q0, q1, 0x20));
+    _mm256_storeu_si256(d + 1, _mm256_permute2x128_si256(q2, q3, 0x20));
+    _mm256_storeu_si256(d + 2, _mm256_permute2x128_si256(q0, q1, 0x31));
+    _mm256_storeu_si256(d + 3, _mm256_permute2x128_si256(q2, q3, 0x31));
+}
+
+PIXMOOR_TARGET_AVX2 void Copy32(uint8_t* to, const uint8_t* from) {
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(to), _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from)));
+}
+PIXMOOR_TARGET_AVX2 void Copy16(uint8_t* to, const uint8_t* from) {
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm_loadu_si128(reinterpret_cast<const __m128i*>(from)));
+}
+
+// How 32 pixels of R, G, B bytes are written.
+using Store32Pixels = void (*)(uint8_t*, __m256i, __m256i, __m256i);
+
+template <Store32Pixels Store>
 PIXMOOR_TARGET_AVX2 void Line32(const uint8_t* y, const Offsets& o, uint8_t* out) {
     const __m256i z = _mm256_setzero_si256();
     const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(y));
     const __m256i yLow = _mm256_unpacklo_epi8(bytes, z);
     const __m256i yHigh = _mm256_unpackhi_epi8(bytes, z);
-    avx2::StoreRgb32(out, Channel(yLow, yHigh, o.r), Channel(yLow, yHigh, o.g),
-                     Channel(yLow, yHigh, o.b));
+    Store(out, Channel(yLow, yHigh, o.r), Channel(yLow, yHigh, o.g), Channel(yLow, yHigh, o.b));
+}
+
+// 16 pixel pairs a step while whole steps fit; returns the pairs done.
+// With `kept`, the samples each step read are copied there too, while they
+// are at hand.
+template <Store32Pixels Store, int kBytes>
+PIXMOOR_TARGET_AVX2 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
+                                      int32_t pairs, const Yuv420Lines<uint8_t>* kept) {
+    const int32_t whole = pairs & ~15;
+    for (int32_t j = 0; j < whole; j += 16) {
+        const Offsets o = PairOffsets(in.u + j, in.v + j);
+        Line32<Store>(in.y0 + 2 * j, o, top + 2 * kBytes * static_cast<intptr_t>(j));
+        Line32<Store>(in.y1 + 2 * j, o, bottom + 2 * kBytes * static_cast<intptr_t>(j));
+        if (kept != nullptr) {
+            Copy32(kept->y0 + 2 * j, in.y0 + 2 * j);
+            Copy32(kept->y1 + 2 * j, in.y1 + 2 * j);
+            Copy16(kept->u + j, in.u + j);
+            Copy16(kept->v + j, in.v + j);
+        }
+    }
+    return whole;
 }
 
 }  // namespace
 
 PIXMOOR_TARGET_AVX2 int32_t WideFromYuv420Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
                                                uint8_t* bottom, int32_t pairs) {
-    const int32_t whole = pairs & ~15;
-    for (int32_t j = 0; j < whole; j += 16) {
-        const Offsets o = PairOffsets(in.u + j, in.v + j);
-        Line32(in.y0 + 2 * j, o, top + 6 * static_cast<intptr_t>(j));
-        Line32(in.y1 + 2 * j, o, bottom + 6 * static_cast<intptr_t>(j));
-    }
-    return whole;
+    return PairSteps<&avx2::StoreRgb32, 3>(in, top, bottom, pairs, nullptr);
+}
+
+PIXMOOR_TARGET_AVX2 int32_t WideFromYuv420Rgb0Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
+                                                   uint8_t* bottom, int32_t pairs,
+                                                   const Yuv420Lines<uint8_t>* kept) {
+    return PairSteps<&StoreRgb0x32, 4>(in, top, bottom, pairs, kept);
 }
 
 }  // namespace pixmoor::colour::fast

@@ -1,7 +1,8 @@
-// The px and m6 inverse 4:2:0 row kernel to packed RGB with AVX-512: 32
-// pixel pairs (64 pixels of each line) a step, the lane arithmetic of the
-// AVX2 form (yuv420_wide_inverse_avx2.cpp) on 512-bit vectors, the same
-// bytes as the plain kernel.
+// The px and m6 inverse 4:2:0 row kernels to packed RGB (3-byte pixels, or
+// 4-byte ones with a zero last byte) with AVX-512: 32 pixel pairs (64
+// pixels of each line) a step, the lane arithmetic of the AVX2 form
+// (yuv420_wide_inverse_avx2.cpp) on 512-bit vectors, the same bytes as the
+// plain kernel.
 #include "primitives/colour/yuv420_fast_rows.h"
 
 #if PIXMOOR_HAVE_X86_TARGETS
@@ -39,25 +40,70 @@ PIXMOOR_TARGET_AVX512 __m512i Channel(__m512i yLow, __m512i yHigh, __m512i offse
                                _mm512_add_epi16(yHigh, _mm512_unpackhi_epi16(offset, offset)));
 }
 
+// Writes 64 pixels (256 bytes) from their R, G, B bytes in pixel order,
+// each followed by a zero byte.
+PIXMOOR_TARGET_AVX512 void StoreRgb0x64(uint8_t* p, __m512i r, __m512i g, __m512i b) {
+    const __m512i z = _mm512_setzero_si512();
+    const __m512i rgLow = _mm512_unpacklo_epi8(r, g), rgHigh = _mm512_unpackhi_epi8(r, g);
+    const __m512i b0Low = _mm512_unpacklo_epi8(b, z), b0High = _mm512_unpackhi_epi8(b, z);
+    // Lane k of qi holds pixels 16 k + 4 i to 16 k + 4 i + 3.
+    const __m512i q0 = _mm512_unpacklo_epi16(rgLow, b0Low), q1 = _mm512_unpackhi_epi16(rgLow, b0Low);
+    const __m512i q2 = _mm512_unpacklo_epi16(rgHigh, b0High), q3 = _mm512_unpackhi_epi16(rgHigh, b0High);
+    // A 4 by 4 transpose of 128-bit lanes puts 16 pixels in order in each
+    // output vector.
+    const __m512i q01Low = _mm512_shuffle_i64x2(q0, q1, 0x44), q23Low = _mm512_shuffle_i64x2(q2, q3, 0x44);
+    const __m512i q01High = _mm512_shuffle_i64x2(q0, q1, 0xEE), q23High = _mm512_shuffle_i64x2(q2, q3, 0xEE);
+    _mm512_storeu_si512(p, _mm512_shuffle_i64x2(q01Low, q23Low, 0x88));
+    _mm512_storeu_si512(p + 64, _mm512_shuffle_i64x2(q01Low, q23Low, 0xDD));
+    _mm512_storeu_si512(p + 128, _mm512_shuffle_i64x2(q01High, q23High, 0x88));
+    _mm512_storeu_si512(p + 192, _mm512_shuffle_i64x2(q01High, q23High, 0xDD));
+}
+
+// How 64 pixels of R, G, B bytes are written.
+using Store64Pixels = void (*)(uint8_t*, __m512i, __m512i, __m512i);
+
+template <Store64Pixels Store>
 PIXMOOR_TARGET_AVX512 void Line64(const uint8_t* y, const Offsets& o, uint8_t* out) {
     const __m512i z = _mm512_setzero_si512();
     const __m512i bytes = _mm512_loadu_si512(y);
     const __m512i yLow = _mm512_unpacklo_epi8(bytes, z);
     const __m512i yHigh = _mm512_unpackhi_epi8(bytes, z);
-    avx512::StoreRgb64(out, Channel(yLow, yHigh, o.r), Channel(yLow, yHigh, o.g), Channel(yLow, yHigh, o.b));
+    Store(out, Channel(yLow, yHigh, o.r), Channel(yLow, yHigh, o.g), Channel(yLow, yHigh, o.b));
+}
+
+// 32 pixel pairs a step while whole steps fit; returns the pairs done.
+// With `kept`, the samples each step read are copied there too.
+template <Store64Pixels Store, int kBytes>
+PIXMOOR_TARGET_AVX512 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
+                                        int32_t pairs, const Yuv420Lines<uint8_t>* kept) {
+    const int32_t whole = pairs & ~31;
+    for (int32_t j = 0; j < whole; j += 32) {
+        const Offsets o = PairOffsets(in.u + j, in.v + j);
+        Line64<Store>(in.y0 + 2 * j, o, top + 2 * kBytes * static_cast<intptr_t>(j));
+        Line64<Store>(in.y1 + 2 * j, o, bottom + 2 * kBytes * static_cast<intptr_t>(j));
+        if (kept != nullptr) {
+            _mm512_storeu_si512(kept->y0 + 2 * j, _mm512_loadu_si512(in.y0 + 2 * j));
+            _mm512_storeu_si512(kept->y1 + 2 * j, _mm512_loadu_si512(in.y1 + 2 * j));
+            _mm256_storeu_si256(reinterpret_cast<__m256i*>(kept->u + j),
+                                _mm256_loadu_si256(reinterpret_cast<const __m256i*>(in.u + j)));
+            _mm256_storeu_si256(reinterpret_cast<__m256i*>(kept->v + j),
+                                _mm256_loadu_si256(reinterpret_cast<const __m256i*>(in.v + j)));
+        }
+    }
+    return whole;
 }
 
 }  // namespace
 
 PIXMOOR_TARGET_AVX512 int32_t WideFromYuv420Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
                                                    uint8_t* bottom, int32_t pairs) {
-    const int32_t whole = pairs & ~31;
-    for (int32_t j = 0; j < whole; j += 32) {
-        const Offsets o = PairOffsets(in.u + j, in.v + j);
-        Line64(in.y0 + 2 * j, o, top + 6 * static_cast<intptr_t>(j));
-        Line64(in.y1 + 2 * j, o, bottom + 6 * static_cast<intptr_t>(j));
-    }
-    return whole;
+    return PairSteps<&avx512::StoreRgb64, 3>(in, top, bottom, pairs, nullptr);
+}
+
+PIXMOOR_TARGET_AVX512 int32_t WideFromYuv420Rgb0Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
+                                                       uint8_t* bottom, int32_t pairs,
+                                                       const Yuv420Lines<uint8_t>* kept) {
+    return PairSteps<&StoreRgb0x64, 4>(in, top, bottom, pairs, kept);
 }
 
 }  // namespace pixmoor::colour::fast

@@ -16,7 +16,8 @@
 namespace pixmoor::colour::wide {
 
 // The leading pairs that a wider-vector form does, where the processor has
-// one; the plain loop does the rest.  Only packed RGB has such forms.
+// one; the plain loop does the rest.  Only packed RGB (3- and 4-byte
+// pixels on the inverse side) has such forms.
 template <class In>
 int32_t FastToYuv420(typename In::Line top, typename In::Line bottom, const Yuv420Lines<uint8_t>& out,
                      int32_t pairs) {
@@ -36,6 +37,10 @@ int32_t FastFromYuv420(const Yuv420Lines<const uint8_t>& in, typename Out::Line 
     if constexpr (std::is_same_v<Out, PackedRgbOut>) {
         if (isa::Has(isa::kAvx512)) return fast::WideFromYuv420Avx512(in, top, bottom, pairs);
         if (isa::Has(isa::kAvx2)) return fast::WideFromYuv420Avx2(in, top, bottom, pairs);
+    }
+    if constexpr (std::is_same_v<Out, PackedRgb0Out>) {
+        if (isa::Has(isa::kAvx512)) return fast::WideFromYuv420Rgb0Avx512(in, top, bottom, pairs, nullptr);
+        if (isa::Has(isa::kAvx2)) return fast::WideFromYuv420Rgb0Avx2(in, top, bottom, pairs, nullptr);
     }
 #endif
     (void)in, (void)top, (void)bottom, (void)pairs;
