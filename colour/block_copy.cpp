@@ -26,7 +26,6 @@ bool HasFastStringMoves() {
     if (__get_cpuid_count(7, 0, &eax, &ebx, &ecx, &edx) == 0) return false;
     return (ebx & (1u << 9)) != 0;
 }
-#endif
 
 // True when the two blocks of `bytes` bytes share no byte.
 bool Apart(const uint8_t* dst, const uint8_t* src, uint32_t bytes) {
@@ -34,6 +33,7 @@ bool Apart(const uint8_t* dst, const uint8_t* src, uint32_t bytes) {
     const auto from = reinterpret_cast<uintptr_t>(src);
     return to >= from ? to - from >= bytes : from - to >= bytes;
 }
+#endif
 
 }  // namespace
 
