@@ -6,7 +6,7 @@
 #include <cstring>
 
 #include "colour/byte_span.h"
-#include "primitives/colour/yuv420_wide_rgb0.h"
+#include "primitives/colour/yuv420_rgb0.h"
 #include "runtime/dispatch.h"
 
 namespace pixmoor {
@@ -14,12 +14,23 @@ namespace {
 
 using ConvertEntry = decltype(&px_ImgYUV420ToRGB);
 
-// What rgbBuffer holds, told by its last byte.
-enum BufferMark : uint8_t {
-    kHoldsPicture = 0,  // the 3-byte picture of the last frame converted
-    kHoldsPlanesPx = 1,  // a copy of the planes of a frame converted in one pass by px
-    kHoldsPlanesM6 = 2,  // the same, by m6
-};
+// What rgbBuffer holds, told by its last byte: 0 for the 3-byte picture
+// of the last frame converted, else 1 + the tier of the library's entry
+// that converted the last frame in one pass, whose planes are kept.
+constexpr uint8_t kHoldsPicture = 0;
+
+// The library's own entries, by tier: the only ones the road takes in one
+// pass, and the ones that turn a kept copy back into the picture.
+const ConvertEntry kOwnEntries[] = {&px_ImgYUV420ToRGB, &m6_ImgYUV420ToRGB, &a6_ImgYUV420ToRGB,
+                                    &w7_ImgYUV420ToRGB};
+constexpr int kTiers = static_cast<int>(sizeof kOwnEntries / sizeof kOwnEntries[0]);
+
+// The tier of `entry`, or -1 for a function that is none of them.
+int TierOfEntry(ConvertEntry entry) {
+    for (int tier = 0; tier < kTiers; ++tier)
+        if (entry == kOwnEntries[tier]) return tier;
+    return -1;
+}
 
 // The sizes of a frame, and whether its buffer carries a mark: rgbBuffer
 // is there and is 4*W*H bytes, a count reckoned without wrapping.  Init
@@ -80,7 +91,7 @@ void ConvertAndKeep(const FrameBytes& f, PrimTier tier, const uint8_t* const pla
         FrameBytes::PairPlanes(planes, f.width, pair, in);
         uint8_t* const kept = f.CopyOf(rgbBuffer, pair);
         uint8_t* const top = dst + int64_t{step} * 2 * pair;
-        colour::Yuv420PairToRgb0WideKeeping(
+        colour::Yuv420PairToRgb0Keeping(
             tier, colour::Yuv420Lines<const uint8_t>{in[0], in[0] + f.width, in[1], in[2]}, top, top + step, f.width,
             colour::Yuv420Lines<uint8_t>{kept, kept + f.width, kept + f.SecondAt(), kept + f.ThirdAt()});
     }
@@ -114,12 +125,11 @@ bool ConvertRG32InOnePass(const CColorXFormPlanarToRG32* t, const uint8_t* const
     const ByteSpan buffer = ByteSpan::OfRows(t->rgbBuffer, 0, 1, static_cast<int32_t>(f.buffer));
     if (out.Overlaps(source) || out.Overlaps(buffer) || source.Overlaps(buffer)) return false;
 
-    const ConvertEntry entry = dispatch::OwnEntryInSlot<ConvertEntry>(dispatch::kRow_ImgYUV420ToRGB);
-    if (entry != &px_ImgYUV420ToRGB && entry != &m6_ImgYUV420ToRGB) return false;
-    const bool m6 = entry == &m6_ImgYUV420ToRGB;
+    const int tier = TierOfEntry(dispatch::OwnEntryInSlot<ConvertEntry>(dispatch::kRow_ImgYUV420ToRGB));
+    if (tier < 0) return false;
 
-    ConvertAndKeep(f, m6 ? PrimTierM6 : PrimTierPx, planes, dst, static_cast<int32_t>(step), t->rgbBuffer);
-    f.MarkOf(t->rgbBuffer) = m6 ? kHoldsPlanesM6 : kHoldsPlanesPx;
+    ConvertAndKeep(f, static_cast<PrimTier>(tier), planes, dst, static_cast<int32_t>(step), t->rgbBuffer);
+    f.MarkOf(t->rgbBuffer) = static_cast<uint8_t>(1 + tier);
     return true;
 }
 
@@ -127,10 +137,11 @@ void RestoreRG32Picture(const CColorXFormPlanarToRG32* t) {
     const FrameBytes f(t->size.cx, t->size.cy);
     if (!f.Marked(t)) return;
     uint8_t& mark = f.MarkOf(t->rgbBuffer);
-    if (mark == kHoldsPicture) return;
+    if (mark == kHoldsPicture || mark > kTiers) return;
     // Pair by pair from the top, each written below what is still to be
-    // read (see ConvertAndKeep).
-    const ConvertEntry convert = mark == kHoldsPlanesM6 ? &m6_ImgYUV420ToRGB : &px_ImgYUV420ToRGB;
+    // read (see ConvertAndKeep), by the entry of the tier that converted
+    // the frame.
+    const ConvertEntry convert = kOwnEntries[mark - 1];
     for (int32_t pair = 0; pair < (f.height >> 1); ++pair) {
         const uint8_t* const at = f.CopyOf(t->rgbBuffer, pair);
         const uint8_t* const kept[3] = {at, at + f.SecondAt(), at + f.ThirdAt()};

@@ -1,5 +1,5 @@
-// "I420"/"YV12" to "RG32" in one pass, where the conversion's slot holds the
-// library's own px or m6 entry: each pixel goes straight into the
+// "I420"/"YV12" to "RG32" in one pass, where the conversion's slot holds one of
+// the library's own entries (px, m6, a6, w7): each pixel goes straight into the
 // destination as four bytes, with no 3-byte picture in between.
 //
 // The two passes leave each frame's 3-byte picture in rgbBuffer, and a

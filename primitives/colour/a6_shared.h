@@ -50,6 +50,23 @@ inline narrow::InverseFactors LaneFactors(const int16_t (&t)[5][8], int lane) {
     return narrow::InverseFactors{t[0][lane], t[1][lane], t[2][lane], t[3][lane], t[4][lane]};
 }
 
+// A line pair's inverse in plain code with lanes: the pixels of pairs
+// [0, mainPairs) on the lane of their position in a group of eight, as in
+// a main loop of such a table, the rest with the factors `tail`.
+template <class Out>
+void FromYuv420LanePairs(const Yuv420Lines<const uint8_t>& in, typename Out::Line top, typename Out::Line bottom,
+                         int32_t mainPairs, int32_t pairs, const int16_t (&lanes)[5][8],
+                         const narrow::InverseFactors& tail) {
+    for (int32_t x = 0; x < 2 * mainPairs; ++x) {
+        const narrow::InverseFactors f = LaneFactors(lanes, x & 7);
+        const int32_t u = in.u[x >> 1];
+        const int32_t v = in.v[x >> 1];
+        Out::Store(top, x, narrow::ToRgb(in.y0[x], u, v, f));
+        Out::Store(bottom, x, narrow::ToRgb(in.y1[x], u, v, f));
+    }
+    narrow::FromYuv420Pairs<Out>(in, top, bottom, mainPairs, pairs, tail);
+}
+
 #ifdef PIXMOOR_HAVE_SSE2
 // A table of that form in registers.
 inline sse2::InverseLanes LoadInverseLanes(const int16_t (&t)[5][8]) {

@@ -1,5 +1,6 @@
 // 4-byte pixels (byte 3 never written with a value of its own) in and out
-// of 256-bit registers, for the AVX2 row kernels of ImgYUVAToRGBA.  Only
+// of 256-bit registers, for the AVX2 row kernels of ImgYUVAToRGBA, and the
+// store of 4-byte pixels with a zero byte 3 of the 4:2:0 kernels.  Only
 // units whose functions carry PIXMOOR_TARGET_AVX2 include this header; every
 // function here carries it too.
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_RGBA_AVX2_H
@@ -56,6 +57,23 @@ PIXMOOR_TARGET_AVX2 inline void StoreKeepingByte3(uint8_t* p, __m256i rgb) {
     __m256i* d = reinterpret_cast<__m256i*>(p);
     const __m256i keep = _mm256_set1_epi32(static_cast<int32_t>(0xFF000000u));
     _mm256_storeu_si256(d, _mm256_blendv_epi8(rgb, _mm256_loadu_si256(d), keep));
+}
+
+// Writes 32 pixels (128 bytes) from their R, G, B bytes in pixel order,
+// each followed by a zero byte.
+PIXMOOR_TARGET_AVX2 inline void StoreRgb0x32(uint8_t* p, __m256i r, __m256i g, __m256i b) {
+    const __m256i z = _mm256_setzero_si256();
+    const __m256i rgLow = _mm256_unpacklo_epi8(r, g), rgHigh = _mm256_unpackhi_epi8(r, g);
+    const __m256i b0Low = _mm256_unpacklo_epi8(b, z), b0High = _mm256_unpackhi_epi8(b, z);
+    // Each lane holds 4 pixels of its own 16: lane 0 of q0 pixels 0-3, lane
+    // 1 pixels 16-19, and so on.
+    const __m256i q0 = _mm256_unpacklo_epi16(rgLow, b0Low), q1 = _mm256_unpackhi_epi16(rgLow, b0Low);
+    const __m256i q2 = _mm256_unpacklo_epi16(rgHigh, b0High), q3 = _mm256_unpackhi_epi16(rgHigh, b0High);
+    __m256i* d = reinterpret_cast<__m256i*>(p);
+    _mm256_storeu_si256(d, _mm256_permute2x128_si256(q0, q1, 0x20));
+    _mm256_storeu_si256(d + 1, _mm256_permute2x128_si256(q2, q3, 0x20));
+    _mm256_storeu_si256(d + 2, _mm256_permute2x128_si256(q0, q1, 0x31));
+    _mm256_storeu_si256(d + 3, _mm256_permute2x128_si256(q2, q3, 0x31));
 }
 
 // 8 pixels a step while whole steps fit; returns the pixels done.

@@ -50,6 +50,25 @@ PIXMOOR_TARGET_AVX512 inline int32_t RgbaSteps(const uint8_t* in, uint8_t* out, 
     return whole;
 }
 
+// Writes 64 pixels (256 bytes) from their R, G, B bytes in pixel order,
+// each followed by a zero byte.
+PIXMOOR_TARGET_AVX512 inline void StoreRgb0x64(uint8_t* p, __m512i r, __m512i g, __m512i b) {
+    const __m512i z = _mm512_setzero_si512();
+    const __m512i rgLow = _mm512_unpacklo_epi8(r, g), rgHigh = _mm512_unpackhi_epi8(r, g);
+    const __m512i b0Low = _mm512_unpacklo_epi8(b, z), b0High = _mm512_unpackhi_epi8(b, z);
+    // Lane k of qi holds pixels 16 k + 4 i to 16 k + 4 i + 3.
+    const __m512i q0 = _mm512_unpacklo_epi16(rgLow, b0Low), q1 = _mm512_unpackhi_epi16(rgLow, b0Low);
+    const __m512i q2 = _mm512_unpacklo_epi16(rgHigh, b0High), q3 = _mm512_unpackhi_epi16(rgHigh, b0High);
+    // A 4 by 4 transpose of 128-bit lanes puts 16 pixels in order in each
+    // output vector.
+    const __m512i q01Low = _mm512_shuffle_i64x2(q0, q1, 0x44), q23Low = _mm512_shuffle_i64x2(q2, q3, 0x44);
+    const __m512i q01High = _mm512_shuffle_i64x2(q0, q1, 0xEE), q23High = _mm512_shuffle_i64x2(q2, q3, 0xEE);
+    _mm512_storeu_si512(p, _mm512_shuffle_i64x2(q01Low, q23Low, 0x88));
+    _mm512_storeu_si512(p + 64, _mm512_shuffle_i64x2(q01Low, q23Low, 0xDD));
+    _mm512_storeu_si512(p + 128, _mm512_shuffle_i64x2(q01High, q23High, 0x88));
+    _mm512_storeu_si512(p + 192, _mm512_shuffle_i64x2(q01High, q23High, 0xDD));
+}
+
 }  // namespace pixmoor::colour::avx512
 
 #endif  // PIXMOOR_HAVE_X86_TARGETS

@@ -27,32 +27,18 @@
 #include "primitives/colour/narrow_sse2.h"
 #endif
 #include "primitives/colour/yuv420_fast_rows.h"
+#include "primitives/colour/yuv420_narrow_factors.h"
 
 namespace pixmoor::colour {
 namespace {
 
-// The a6 inverse factors of the tail, and of the planes member (the w7
-// factors) everywhere.
-constexpr narrow::InverseFactors kInverse = {9339, 0, -3228, -4760, 16646};
-constexpr narrow::InverseFactors kInversePlanes = {9338, 0, -3227, -4759, 16645};
-
-// Factor lanes of a main-loop step, as in the packed table (a6_shared.h),
-// for the planes member: the w7 factors in every lane.
-alignas(16) const int16_t kPlanesLanes[5][8] = {
-    {9338, 9338, 9338, 9338, 9338, 9338, 9338, 9338},
-    {0, 0, 0, 0, 0, 0, 0, 0},
-    {-3227, -3227, -3227, -3227, -3227, -3227, -3227, -3227},
-    {-4759, -4759, -4759, -4759, -4759, -4759, -4759, -4759},
-    {16645, 16645, 16645, 16645, 16645, 16645, 16645, 16645},
-};
-
 struct PackedFactors {
     static constexpr const int16_t (&kLanes)[5][8] = a6::kPackedInverseLanes;
-    static constexpr const narrow::InverseFactors& kTail = kInverse;
+    static constexpr const narrow::InverseFactors& kTail = narrow::kA6PackedTail;
 };
 struct PlanesFactors {
-    static constexpr const int16_t (&kLanes)[5][8] = kPlanesLanes;
-    static constexpr const narrow::InverseFactors& kTail = kInversePlanes;
+    static constexpr const int16_t (&kLanes)[5][8] = narrow::kW7InverseLanes;
+    static constexpr const narrow::InverseFactors& kTail = narrow::kW7Inverse;
 };
 
 #ifdef PIXMOOR_HAVE_SSE2
@@ -150,15 +136,7 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
 template <class Out, class Factors>
 void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
                       typename Out::Line bottom, int32_t pairs) {
-    const int32_t mainPairs = pairs & ~3;
-    for (int32_t x = 0; x < 2 * mainPairs; ++x) {
-        const narrow::InverseFactors f = a6::LaneFactors(Factors::kLanes, x & 7);
-        const int32_t u = in.u[x >> 1];
-        const int32_t v = in.v[x >> 1];
-        Out::Store(top, x, narrow::ToRgb(in.y0[x], u, v, f));
-        Out::Store(bottom, x, narrow::ToRgb(in.y1[x], u, v, f));
-    }
-    narrow::FromYuv420Pairs<Out>(in, top, bottom, mainPairs, pairs, Factors::kTail);
+    a6::FromYuv420LanePairs<Out>(in, top, bottom, pairs & ~3, pairs, Factors::kLanes, Factors::kTail);
 }
 #endif
 

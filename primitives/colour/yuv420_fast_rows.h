@@ -39,6 +39,12 @@ int32_t NarrowFromYuv420Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
                              int32_t pairs, const int16_t (&lanes)[5][8]);
 int32_t NarrowFromYuv420Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
                                int32_t pairs, const int16_t (&lanes)[5][8]);
+// The same arithmetic into 4-byte pixels (PackedRgb0Out); with `kept`
+// not null, the samples of the pairs done are also copied to its lines.
+int32_t NarrowFromYuv420Rgb0Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
+                                 int32_t pairs, const int16_t (&lanes)[5][8], const Yuv420Lines<uint8_t>* kept);
+int32_t NarrowFromYuv420Rgb0Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
+                                   int32_t pairs, const int16_t (&lanes)[5][8], const Yuv420Lines<uint8_t>* kept);
 // The narrow forward arithmetic, the same in a6 and w7.
 int32_t NarrowToYuv420Avx2(const uint8_t* top, const uint8_t* bottom, const Yuv420Lines<uint8_t>& out,
                            int32_t pairs);

@@ -1,4 +1,5 @@
-// The a6 and w7 inverse 4:2:0 row kernels to packed RGB with AVX2: the same
+// The a6 and w7 inverse 4:2:0 row kernels to packed RGB (3-byte pixels, or
+// 4-byte ones with a zero last byte) with AVX2: the same
 // 16-bit lane arithmetic as their SSE2 forms (narrow_sse2.h), 16 pixel pairs
 // (32 pixels of each line) a step.  Each pixel meets the factor lane of its
 // position in a group of eight, as in the tier's own main loop, so a6's odd
@@ -11,6 +12,8 @@
 #include <immintrin.h>
 
 #include "primitives/colour/rgb24_avx2.h"
+#include "primitives/colour/rgba_avx2.h"
+#include "primitives/colour/yuv420_keep_avx2.h"
 
 namespace pixmoor::colour::fast {
 namespace {
@@ -49,17 +52,22 @@ PIXMOOR_TARGET_AVX2 __m256i Blue(const Half& h, const Factors& f) {
     return Channel(h.y, _mm256_mulhi_epi16(h.du, f.bu));
 }
 
+// How 32 pixels of R, G, B bytes are written.
+using Store32Pixels = void (*)(uint8_t*, __m256i, __m256i, __m256i);
+
+template <Store32Pixels Store>
 PIXMOOR_TARGET_AVX2 void Pixels(const Half& low, const Half& high, const Factors& f, uint8_t* out) {
-    avx2::StoreRgb32(out, _mm256_packus_epi16(Red(low, f), Red(high, f)),
-                     _mm256_packus_epi16(Green(low, f), Green(high, f)),
-                     _mm256_packus_epi16(Blue(low, f), Blue(high, f)));
+    Store(out, _mm256_packus_epi16(Red(low, f), Red(high, f)), _mm256_packus_epi16(Green(low, f), Green(high, f)),
+          _mm256_packus_epi16(Blue(low, f), Blue(high, f)));
 }
 
-}  // namespace
-
-PIXMOOR_TARGET_AVX2 int32_t NarrowFromYuv420Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
-                                                 uint8_t* bottom, int32_t pairs,
-                                                 const int16_t (&lanes)[5][8]) {
+// 16 pixel pairs a step while whole steps fit, pixels of kBytes bytes;
+// returns the pairs done.  With `kept`, the samples each step read are
+// copied there too.
+template <Store32Pixels Store, int kBytes>
+PIXMOOR_TARGET_AVX2 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
+                                      int32_t pairs, const int16_t (&lanes)[5][8],
+                                      const Yuv420Lines<uint8_t>* kept) {
     const Factors f{Row(lanes[0]), Row(lanes[1]), Row(lanes[2]), Row(lanes[3]), Row(lanes[4])};
     const __m256i z = _mm256_setzero_si256();
     const int32_t whole = pairs & ~15;
@@ -70,14 +78,30 @@ PIXMOOR_TARGET_AVX2 int32_t NarrowFromYuv420Avx2(const Yuv420Lines<const uint8_t
         const __m256i duLow = _mm256_unpacklo_epi16(du, du), duHigh = _mm256_unpackhi_epi16(du, du);
         const __m256i dvLow = _mm256_unpacklo_epi16(dv, dv), dvHigh = _mm256_unpackhi_epi16(dv, dv);
         const uint8_t* lines[2] = {in.y0 + 2 * j, in.y1 + 2 * j};
-        uint8_t* outs[2] = {top + 6 * static_cast<intptr_t>(j), bottom + 6 * static_cast<intptr_t>(j)};
+        uint8_t* outs[2] = {top + 2 * kBytes * static_cast<intptr_t>(j), bottom + 2 * kBytes * static_cast<intptr_t>(j)};
         for (int k = 0; k < 2; ++k) {
             const __m256i y = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(lines[k]));
-            Pixels(Half{duLow, dvLow, _mm256_unpacklo_epi8(y, z)}, Half{duHigh, dvHigh, _mm256_unpackhi_epi8(y, z)},
-                   f, outs[k]);
+            Pixels<Store>(Half{duLow, dvLow, _mm256_unpacklo_epi8(y, z)},
+                          Half{duHigh, dvHigh, _mm256_unpackhi_epi8(y, z)}, f, outs[k]);
         }
+        avx2::KeepStep16(in, kept, j);
     }
     return whole;
+}
+
+}  // namespace
+
+PIXMOOR_TARGET_AVX2 int32_t NarrowFromYuv420Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
+                                                 uint8_t* bottom, int32_t pairs,
+                                                 const int16_t (&lanes)[5][8]) {
+    return PairSteps<&avx2::StoreRgb32, 3>(in, top, bottom, pairs, lanes, nullptr);
+}
+
+PIXMOOR_TARGET_AVX2 int32_t NarrowFromYuv420Rgb0Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
+                                                     uint8_t* bottom, int32_t pairs,
+                                                     const int16_t (&lanes)[5][8],
+                                                     const Yuv420Lines<uint8_t>* kept) {
+    return PairSteps<&avx2::StoreRgb0x32, 4>(in, top, bottom, pairs, lanes, kept);
 }
 
 }  // namespace pixmoor::colour::fast

@@ -1,4 +1,5 @@
-// The a6 and w7 inverse 4:2:0 row kernels to packed RGB with AVX-512: the
+// The a6 and w7 inverse 4:2:0 row kernels to packed RGB (3-byte pixels, or
+// 4-byte ones with a zero last byte) with AVX-512: the
 // lane arithmetic of the AVX2 form (yuv420_narrow_inverse_avx2.cpp) on
 // 512-bit vectors, 32 pixel pairs (64 pixels of each line) a step.  Each
 // group of eight pixels meets the tier's factor lanes as in its own main
@@ -9,6 +10,8 @@
 
 #include "primitives/colour/avx512_intrinsics.h"
 #include "primitives/colour/rgb24_avx512.h"
+#include "primitives/colour/rgba_avx512.h"
+#include "primitives/colour/yuv420_keep_avx512.h"
 
 namespace pixmoor::colour::fast {
 namespace {
@@ -47,11 +50,16 @@ PIXMOOR_TARGET_AVX512 __m512i Blue(const Half& h, const Factors& f) {
     return Channel(h.y, _mm512_mulhi_epi16(h.du, f.bu));
 }
 
-}  // namespace
+// How 64 pixels of R, G, B bytes are written.
+using Store64Pixels = void (*)(uint8_t*, __m512i, __m512i, __m512i);
 
-PIXMOOR_TARGET_AVX512 int32_t NarrowFromYuv420Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
-                                                     uint8_t* bottom, int32_t pairs,
-                                                     const int16_t (&lanes)[5][8]) {
+// 32 pixel pairs a step while whole steps fit, pixels of kBytes bytes;
+// returns the pairs done.  With `kept`, the samples each step read are
+// copied there too.
+template <Store64Pixels Store, int kBytes>
+PIXMOOR_TARGET_AVX512 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
+                                        int32_t pairs, const int16_t (&lanes)[5][8],
+                                        const Yuv420Lines<uint8_t>* kept) {
     const Factors f{Row(lanes[0]), Row(lanes[1]), Row(lanes[2]), Row(lanes[3]), Row(lanes[4])};
     const __m512i z = _mm512_setzero_si512();
     const int32_t whole = pairs & ~31;
@@ -62,17 +70,32 @@ PIXMOOR_TARGET_AVX512 int32_t NarrowFromYuv420Avx512(const Yuv420Lines<const uin
         const __m512i duLow = _mm512_unpacklo_epi16(du, du), duHigh = _mm512_unpackhi_epi16(du, du);
         const __m512i dvLow = _mm512_unpacklo_epi16(dv, dv), dvHigh = _mm512_unpackhi_epi16(dv, dv);
         const uint8_t* lines[2] = {in.y0 + 2 * j, in.y1 + 2 * j};
-        uint8_t* outs[2] = {top + 6 * static_cast<intptr_t>(j), bottom + 6 * static_cast<intptr_t>(j)};
+        uint8_t* outs[2] = {top + 2 * kBytes * static_cast<intptr_t>(j), bottom + 2 * kBytes * static_cast<intptr_t>(j)};
         for (int k = 0; k < 2; ++k) {
             const __m512i y = _mm512_loadu_si512(lines[k]);
             const Half low{duLow, dvLow, _mm512_unpacklo_epi8(y, z)};
             const Half high{duHigh, dvHigh, _mm512_unpackhi_epi8(y, z)};
-            avx512::StoreRgb64(outs[k], _mm512_packus_epi16(Red(low, f), Red(high, f)),
-                               _mm512_packus_epi16(Green(low, f), Green(high, f)),
-                               _mm512_packus_epi16(Blue(low, f), Blue(high, f)));
+            Store(outs[k], _mm512_packus_epi16(Red(low, f), Red(high, f)),
+                  _mm512_packus_epi16(Green(low, f), Green(high, f)), _mm512_packus_epi16(Blue(low, f), Blue(high, f)));
         }
+        avx512::KeepStep32(in, kept, j);
     }
     return whole;
+}
+
+}  // namespace
+
+PIXMOOR_TARGET_AVX512 int32_t NarrowFromYuv420Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
+                                                     uint8_t* bottom, int32_t pairs,
+                                                     const int16_t (&lanes)[5][8]) {
+    return PairSteps<&avx512::StoreRgb64, 3>(in, top, bottom, pairs, lanes, nullptr);
+}
+
+PIXMOOR_TARGET_AVX512 int32_t NarrowFromYuv420Rgb0Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
+                                                         uint8_t* bottom, int32_t pairs,
+                                                         const int16_t (&lanes)[5][8],
+                                                         const Yuv420Lines<uint8_t>* kept) {
+    return PairSteps<&avx512::StoreRgb0x64, 4>(in, top, bottom, pairs, lanes, kept);
 }
 
 }  // namespace pixmoor::colour::fast

@@ -11,6 +11,7 @@
 #include "primitives/colour/narrow_arith.h"
 #include "primitives/colour/tier_finish.h"
 #include "primitives/colour/yuv420_fast_rows.h"
+#include "primitives/colour/yuv420_narrow_factors.h"
 #include "primitives/colour/yuv420_rows.h"
 
 #ifdef PIXMOOR_HAVE_SSE2
@@ -22,8 +23,7 @@
 namespace pixmoor::colour {
 namespace {
 
-// The w7 inverse factors.
-constexpr narrow::InverseFactors kInverse = {9338, 0, -3227, -4759, 16645};
+using narrow::kW7Inverse;
 
 #ifdef PIXMOOR_HAVE_SSE2
 using namespace sse2;
@@ -80,15 +80,6 @@ void ToYuv420Kernel(typename In::Line top, typename In::Line bottom,
     narrow::ToYuv420Pairs<In, NarrowLuma>(top, bottom, out, j, pairs);
 }
 
-// The w7 inverse factors as lanes of a wider main-loop step.
-alignas(16) const int16_t kInverseLanes[5][8] = {
-    {9338, 9338, 9338, 9338, 9338, 9338, 9338, 9338},
-    {0, 0, 0, 0, 0, 0, 0, 0},
-    {-3227, -3227, -3227, -3227, -3227, -3227, -3227, -3227},
-    {-4759, -4759, -4759, -4759, -4759, -4759, -4759, -4759},
-    {16645, 16645, 16645, 16645, 16645, 16645, 16645, 16645},
-};
-
 void StorePixels(PackedRgbOut::Line line, int32_t x, RgbBytes c) {
     Interleave(c.r, c.g, c.b);
     uint8_t* p = line + 3 * static_cast<intptr_t>(x);
@@ -112,10 +103,10 @@ void StorePixels(const RgbPlanesOut::Line& line, int32_t x, const RgbBytes& c) {
 template <class Out>
 void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
                       typename Out::Line bottom, int32_t pairs) {
-    const InverseLanes factors = Uniform(kInverse);
+    const InverseLanes factors = Uniform(kW7Inverse);
     const __m128i z = _mm_setzero_si128();
     const int32_t mainPairs = pairs & ~15;
-    int32_t j = fast::NarrowFromYuv420Leading<Out>(in, top, bottom, mainPairs, kInverseLanes);
+    int32_t j = fast::NarrowFromYuv420Leading<Out>(in, top, bottom, mainPairs, narrow::kW7InverseLanes);
     for (; j < mainPairs; j += 8) {
         const int32_t x = 2 * j;
         const __m128i du = Centred(_mm_unpacklo_epi8(Load8(in.u + j), z));
@@ -128,13 +119,13 @@ void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line t
         const __m128i y1 = Load16(in.y1 + x);
         StorePixels(bottom, x, ToRgbBytes(_mm_unpacklo_epi8(y1, z), _mm_unpackhi_epi8(y1, z), low, high));
     }
-    narrow::FromYuv420Pairs<Out>(in, top, bottom, j, pairs, kInverse);
+    narrow::FromYuv420Pairs<Out>(in, top, bottom, j, pairs, kW7Inverse);
 }
 #else
 template <class Out>
 void FromYuv420Kernel(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
                       typename Out::Line bottom, int32_t pairs) {
-    narrow::FromYuv420Pairs<Out>(in, top, bottom, 0, pairs, kInverse);
+    narrow::FromYuv420Pairs<Out>(in, top, bottom, 0, pairs, kW7Inverse);
 }
 #endif
 

@@ -10,7 +10,9 @@
 #include <immintrin.h>
 
 #include "primitives/colour/rgb24_avx2.h"
+#include "primitives/colour/rgba_avx2.h"
 #include "primitives/colour/wide_terms_avx2.h"
+#include "primitives/colour/yuv420_keep_avx2.h"
 
 namespace pixmoor::colour::fast {
 namespace {
@@ -42,30 +44,6 @@ PIXMOOR_TARGET_AVX2 __m256i Channel(__m256i yLow, __m256i yHigh, __m256i offset)
                                _mm256_add_epi16(yHigh, _mm256_unpackhi_epi16(offset, offset)));
 }
 
-// Writes 32 pixels (128 bytes) from their R, G, B bytes in pixel order,
-// each followed by a zero byte.
-PIXMOOR_TARGET_AVX2 void StoreRgb0x32(uint8_t* p, __m256i r, __m256i g, __m256i b) {
-    const __m256i z = _mm256_setzero_si256();
-    const __m256i rgLow = _mm256_unpacklo_epi8(r, g), rgHigh = _mm256_unpackhi_epi8(r, g);
-    const __m256i b0Low = _mm256_unpacklo_epi8(b, z), b0High = _mm256_unpackhi_epi8(b, z);
-    // Each lane holds 4 pixels of its own 16: lane 0 of q0 pixels 0-3, lane
-    // 1 pixels 16-19, and so on.
-    const __m256i q0 = _mm256_unpacklo_epi16(rgLow, b0Low), q1 = _mm256_unpackhi_epi16(rgLow, b0Low);
-    const __m256i q2 = _mm256_unpacklo_epi16(rgHigh, b0High), q3 = _mm256_unpackhi_epi16(rgHigh, b0High);
-    __m256i* d = reinterpret_cast<__m256i*>(p);
-    _mm256_storeu_si256(d, _mm256_permute2x128_si256(q0, q1, 0x20));
-    _mm256_storeu_si256(d + 1, _mm256_permute2x128_si256(q2, q3, 0x20));
-    _mm256_storeu_si256(d + 2, _mm256_permute2x128_si256(q0, q1, 0x31));
-    _mm256_storeu_si256(d + 3, _mm256_permute2x128_si256(q2, q3, 0x31));
-}
-
-PIXMOOR_TARGET_AVX2 void Copy32(uint8_t* to, const uint8_t* from) {
-    _mm256_storeu_si256(reinterpret_cast<__m256i*>(to), _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from)));
-}
-PIXMOOR_TARGET_AVX2 void Copy16(uint8_t* to, const uint8_t* from) {
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm_loadu_si128(reinterpret_cast<const __m128i*>(from)));
-}
-
 // How 32 pixels of R, G, B bytes are written.
 using Store32Pixels = void (*)(uint8_t*, __m256i, __m256i, __m256i);
 
@@ -89,12 +67,7 @@ PIXMOOR_TARGET_AVX2 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, uint
         const Offsets o = PairOffsets(in.u + j, in.v + j);
         Line32<Store>(in.y0 + 2 * j, o, top + 2 * kBytes * static_cast<intptr_t>(j));
         Line32<Store>(in.y1 + 2 * j, o, bottom + 2 * kBytes * static_cast<intptr_t>(j));
-        if (kept != nullptr) {
-            Copy32(kept->y0 + 2 * j, in.y0 + 2 * j);
-            Copy32(kept->y1 + 2 * j, in.y1 + 2 * j);
-            Copy16(kept->u + j, in.u + j);
-            Copy16(kept->v + j, in.v + j);
-        }
+        avx2::KeepStep16(in, kept, j);
     }
     return whole;
 }
@@ -109,7 +82,7 @@ PIXMOOR_TARGET_AVX2 int32_t WideFromYuv420Avx2(const Yuv420Lines<const uint8_t>&
 PIXMOOR_TARGET_AVX2 int32_t WideFromYuv420Rgb0Avx2(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
                                                    uint8_t* bottom, int32_t pairs,
                                                    const Yuv420Lines<uint8_t>* kept) {
-    return PairSteps<&StoreRgb0x32, 4>(in, top, bottom, pairs, kept);
+    return PairSteps<&avx2::StoreRgb0x32, 4>(in, top, bottom, pairs, kept);
 }
 
 }  // namespace pixmoor::colour::fast

@@ -9,7 +9,9 @@
 
 #include "primitives/colour/avx512_intrinsics.h"
 #include "primitives/colour/rgb24_avx512.h"
+#include "primitives/colour/rgba_avx512.h"
 #include "primitives/colour/wide_terms_avx2.h"
+#include "primitives/colour/yuv420_keep_avx512.h"
 
 namespace pixmoor::colour::fast {
 namespace {
@@ -40,25 +42,6 @@ PIXMOOR_TARGET_AVX512 __m512i Channel(__m512i yLow, __m512i yHigh, __m512i offse
                                _mm512_add_epi16(yHigh, _mm512_unpackhi_epi16(offset, offset)));
 }
 
-// Writes 64 pixels (256 bytes) from their R, G, B bytes in pixel order,
-// each followed by a zero byte.
-PIXMOOR_TARGET_AVX512 void StoreRgb0x64(uint8_t* p, __m512i r, __m512i g, __m512i b) {
-    const __m512i z = _mm512_setzero_si512();
-    const __m512i rgLow = _mm512_unpacklo_epi8(r, g), rgHigh = _mm512_unpackhi_epi8(r, g);
-    const __m512i b0Low = _mm512_unpacklo_epi8(b, z), b0High = _mm512_unpackhi_epi8(b, z);
-    // Lane k of qi holds pixels 16 k + 4 i to 16 k + 4 i + 3.
-    const __m512i q0 = _mm512_unpacklo_epi16(rgLow, b0Low), q1 = _mm512_unpackhi_epi16(rgLow, b0Low);
-    const __m512i q2 = _mm512_unpacklo_epi16(rgHigh, b0High), q3 = _mm512_unpackhi_epi16(rgHigh, b0High);
-    // A 4 by 4 transpose of 128-bit lanes puts 16 pixels in order in each
-    // output vector.
-    const __m512i q01Low = _mm512_shuffle_i64x2(q0, q1, 0x44), q23Low = _mm512_shuffle_i64x2(q2, q3, 0x44);
-    const __m512i q01High = _mm512_shuffle_i64x2(q0, q1, 0xEE), q23High = _mm512_shuffle_i64x2(q2, q3, 0xEE);
-    _mm512_storeu_si512(p, _mm512_shuffle_i64x2(q01Low, q23Low, 0x88));
-    _mm512_storeu_si512(p + 64, _mm512_shuffle_i64x2(q01Low, q23Low, 0xDD));
-    _mm512_storeu_si512(p + 128, _mm512_shuffle_i64x2(q01High, q23High, 0x88));
-    _mm512_storeu_si512(p + 192, _mm512_shuffle_i64x2(q01High, q23High, 0xDD));
-}
-
 // How 64 pixels of R, G, B bytes are written.
 using Store64Pixels = void (*)(uint8_t*, __m512i, __m512i, __m512i);
 
@@ -81,14 +64,7 @@ PIXMOOR_TARGET_AVX512 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, ui
         const Offsets o = PairOffsets(in.u + j, in.v + j);
         Line64<Store>(in.y0 + 2 * j, o, top + 2 * kBytes * static_cast<intptr_t>(j));
         Line64<Store>(in.y1 + 2 * j, o, bottom + 2 * kBytes * static_cast<intptr_t>(j));
-        if (kept != nullptr) {
-            _mm512_storeu_si512(kept->y0 + 2 * j, _mm512_loadu_si512(in.y0 + 2 * j));
-            _mm512_storeu_si512(kept->y1 + 2 * j, _mm512_loadu_si512(in.y1 + 2 * j));
-            _mm256_storeu_si256(reinterpret_cast<__m256i*>(kept->u + j),
-                                _mm256_loadu_si256(reinterpret_cast<const __m256i*>(in.u + j)));
-            _mm256_storeu_si256(reinterpret_cast<__m256i*>(kept->v + j),
-                                _mm256_loadu_si256(reinterpret_cast<const __m256i*>(in.v + j)));
-        }
+        avx512::KeepStep32(in, kept, j);
     }
     return whole;
 }
@@ -103,7 +79,7 @@ PIXMOOR_TARGET_AVX512 int32_t WideFromYuv420Avx512(const Yuv420Lines<const uint8
 PIXMOOR_TARGET_AVX512 int32_t WideFromYuv420Rgb0Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
                                                        uint8_t* bottom, int32_t pairs,
                                                        const Yuv420Lines<uint8_t>* kept) {
-    return PairSteps<&StoreRgb0x64, 4>(in, top, bottom, pairs, kept);
+    return PairSteps<&avx512::StoreRgb0x64, 4>(in, top, bottom, pairs, kept);
 }
 
 }  // namespace pixmoor::colour::fast

@@ -1,5 +1,6 @@
-// "I420"/"YV12" to "RG32" in one pass: with the library's own px or m6 entry
-// in the conversion's slot, frames go straight into the destination.  The
+// "I420"/"YV12" to "RG32" in one pass: with one of the library's own
+// entries (px, m6, a6, w7) in the conversion's slot, frames go straight
+// into the destination.  The
 // bytes must be those of the two passes (convert into rgbBuffer, widen) and
 // of the model, at every instruction-set level, for every pitch; every
 // other slot keeps the two passes call for call; and a frame whose
@@ -19,6 +20,7 @@ namespace {
 
 constexpr uint8_t kFill = 0xA7;
 const uint32_t kSources[] = {FCC_I420, FCC_YV12};
+const int kEveryTier[] = {PrimTierPx, PrimTierM6, PrimTierA6, PrimTierW7};
 
 const CColorXFormPlanarToRG32* AsRG32(const XFormPtr& x) {
     return static_cast<const CColorXFormPlanarToRG32*>(x.get());
@@ -86,7 +88,7 @@ std::vector<std::pair<int, int>> Sizes() {
 }
 
 TEST(PlanarToRg32OnePass, GivesTheTwoPassesAndTheModelAtEveryLevel) {
-    for (int tier : {PrimTierPx, PrimTierM6}) {
+    for (int tier : kEveryTier) {
         PlayedTier played(tier);
         pixmoor_test::ForEachIsaLevel([tier] {
             uint32_t seed = 300;
@@ -126,17 +128,46 @@ TEST(PlanarToRg32OnePass, FullHdFrame) {
     EXPECT_TRUE(one.guardsIntact);
 }
 
-// a6 and w7 entries in the slot: the two passes, the picture in rgbBuffer.
-TEST(PlanarToRg32OnePass, TheVectorTiersKeepTheTwoPasses) {
+TEST(PlanarToRg32OnePass, FullHdFrameWithTheVectorTiers) {
     for (int tier : {PrimTierA6, PrimTierW7}) {
         PlayedTier played(tier);
-        const YuvFrame f = RandomYuv(64, 8, 20 + tier);
-        XFormPtr x = Ready(FCC_I420, FCC_RG32, 64, 8);
+        const YuvFrame f = RandomYuv(1920, 1080, 6 + tier);
+        XFormPtr x = Ready(FCC_I420, FCC_RG32, 1920, 1080);
+        ASSERT_EQ(PrimGetTier(), tier);
         const PlacedRows placed = Model(f, tier, 0);
         const Frame one = RunFrame(x, FCC_I420, f, placed, 0, false);
+        EXPECT_TRUE(WentInOnePass(x, f)) << yuv420_model::TierName(tier);
         EXPECT_EQ(one.got, placed.expected) << yuv420_model::TierName(tier);
-        EXPECT_TRUE(BufferHoldsPicture(x, f, tier)) << yuv420_model::TierName(tier);
+        EXPECT_TRUE(one.guardsIntact);
     }
+}
+
+// The picture that a failed frame widens is that of the tier which
+// converted the last frame, also when another tier has been selected
+// since: the copy turns back into the picture with the recorded tier.
+TEST(PlanarToRg32OnePass, TheCopyTurnsBackWithTheTierThatConvertedIt) {
+    PlayedTier played(PrimTierW7);
+    pixmoor_test::ForEachIsaLevel([] {
+        const int w = 68, h = 8;
+        const YuvFrame f = RandomYuv(w, h, 71);
+        const uint32_t pitch = static_cast<uint32_t>(4 * w);
+        for (int converted : kEveryTier)
+            for (int after : kEveryTier) {
+                if (after == converted) continue;
+                SCOPED_TRACE(std::string(yuv420_model::TierName(converted)) + " then " +
+                             yuv420_model::TierName(after));
+                XFormPtr x = Ready(FCC_YV12, FCC_RG32, w, h);
+                ASSERT_EQ(PrimSelectTier(converted), 1);
+                const PlacedRows placed = Model(f, converted, pitch);
+                EXPECT_EQ(RunFrame(x, FCC_YV12, f, placed, pitch, false).got, placed.expected);
+                EXPECT_TRUE(WentInOnePass(x, f));
+                ASSERT_EQ(PrimSelectTier(after), 1);
+                GuardedBuffer buf(placed.expected.size(), kFill);
+                x->XForm(nullptr, buf.data(), pitch);
+                EXPECT_EQ(buf.Contents(), placed.expected);
+                EXPECT_TRUE(BufferHoldsPicture(x, f, converted));
+            }
+    });
 }
 
 // A function of the caller's in the slot is called once a frame, into
@@ -164,7 +195,7 @@ TEST(PlanarToRg32OnePass, AForeignFunctionInTheSlotIsCalledAsBefore) {
 // Frames whose conversion fails widen what rgbBuffer holds: the picture of
 // the last frame converted, also when that frame went in one pass.
 TEST(PlanarToRg32OnePass, AFailedFrameWidensTheLastPictureConverted) {
-    for (int tier : {PrimTierPx, PrimTierM6}) {
+    for (int tier : kEveryTier) {
         PlayedTier played(tier);
         pixmoor_test::ForEachIsaLevel([tier] {
             const std::vector<std::pair<int, int>> sizes{{4, 4}, {4, 8}, {8, 4}, {36, 8}, {128, 4}, {176, 12}, {20, 20}};
@@ -213,7 +244,7 @@ TEST(PlanarToRg32OnePass, AFailedFrameWidensTheLastPictureConverted) {
 // Rows that overlap (a pitch below the line), and a destination that shares
 // bytes with the source: the two passes run, with their bytes.
 TEST(PlanarToRg32OnePass, OverlapsKeepTheTwoPasses) {
-    for (int tier : {PrimTierPx, PrimTierM6}) {
+    for (int tier : kEveryTier) {
         PlayedTier played(tier);
         const int w = 68, h = 8;
         const YuvFrame f = RandomYuv(w, h, 90 + tier);

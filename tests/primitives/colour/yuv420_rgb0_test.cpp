@@ -1,4 +1,4 @@
-// The px and m6 conversion of 4:2:0 planes straight into 4-byte pixels, at
+// Each tier's conversion of 4:2:0 planes straight into 4-byte pixels, at
 // every instruction-set level: each pixel must hold the three bytes that
 // the tier's ImgYUV420ToRGB gives it, then a zero, and the model's values;
 // the bytes between rows and around the picture stay as they were.
@@ -7,7 +7,7 @@
 #include <string>
 
 #include "isa_levels.h"
-#include "primitives/colour/yuv420_wide_rgb0.h"
+#include "primitives/colour/yuv420_rgb0.h"
 #include "yuv420_harness.h"
 #include "yuv420_model.h"
 
@@ -18,9 +18,13 @@ namespace {
 // Widths at, below and past every vector step of the row kernels (16, 32
 // and 64 pixels in a line pair's AVX2 and AVX-512 steps), odd ones for the
 // lone last column.
-const int kWidths[] = {1, 2, 3, 4, 5, 7, 15, 16, 17, 30, 31, 32, 33, 34, 62, 63, 64, 65, 66,
-                       94, 96, 98, 126, 127, 128, 129, 130, 191, 192, 193, 255, 256, 257};
+// a6's main loop takes 4 pairs a step and w7's 8 (where a line has 16 or
+// more), with a6's odd factor row at every fourth pixel: widths 6 to 14 and
+// 40 to 46 put a6's tail and lanes at every position.
+const int kWidths[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 30, 31, 32, 33, 34, 40, 42, 44,
+                       46, 62, 63, 64, 65, 66, 94, 96, 98, 126, 127, 128, 129, 130, 191, 192, 193, 255, 256, 257};
 const int kHeights[] = {1, 2, 3, 4, 5};
+const int kEveryTier[] = {PrimTierPx, PrimTierM6, PrimTierA6, PrimTierW7};
 // Extra bytes after each row: none, one (the "RG32" road's pitch 0) and an
 // odd number.
 const int kGaps[] = {0, 1, 13};
@@ -38,7 +42,7 @@ void CheckFrame(int tier, const YuvFrame& f, int gap) {
     const int step = 4 * w + gap;
     GuardedBuffer out(static_cast<size_t>(step) * (h - 1) + 4 * w, kFill);
     const uint8_t* const planes[3] = {f.y.data(), f.u.data(), f.v.data()};
-    pixmoor::colour::Yuv420ToRgb0Wide(static_cast<PrimTier>(tier), planes, out.data(), step, w, h);
+    pixmoor::colour::Yuv420ToRgb0(static_cast<PrimTier>(tier), planes, out.data(), step, w, h);
 
     const std::vector<uint8_t> rows = PrimitiveRows(tier, f);
     const RgbFrame model = yuv420_model::Inverse(f, yuv420_model::Tier(tier), false);
@@ -58,7 +62,7 @@ void CheckFrame(int tier, const YuvFrame& f, int gap) {
 TEST(Yuv420Rgb0, EveryLevelGivesTheTiersBytesWidened) {
     pixmoor_test::ForEachIsaLevel([] {
         uint32_t seed = 900;
-        for (int tier : {PrimTierPx, PrimTierM6})
+        for (int tier : kEveryTier)
             for (int w : kWidths)
                 for (int h : kHeights)
                     for (int gap : kGaps) {
@@ -72,7 +76,7 @@ TEST(Yuv420Rgb0, EveryLevelGivesTheTiersBytesWidened) {
 
 TEST(Yuv420Rgb0, FullHdFrameAtEveryLevel) {
     pixmoor_test::ForEachIsaLevel([] {
-        for (int tier : {PrimTierPx, PrimTierM6}) CheckFrame(tier, RandomYuv(1920, 1080, 77 + tier), 0);
+        for (int tier : kEveryTier) CheckFrame(tier, RandomYuv(1920, 1080, 77 + tier), 0);
     });
 }
 
@@ -84,13 +88,13 @@ void CheckPair(int tier, int w, uint32_t seed) {
     const int step = 4 * w;
     std::vector<uint8_t> whole(static_cast<size_t>(step) * 2, kFill);
     const uint8_t* const planes[3] = {f.y.data(), f.u.data(), f.v.data()};
-    pixmoor::colour::Yuv420ToRgb0Wide(static_cast<PrimTier>(tier), planes, whole.data(), step, w, 2);
+    pixmoor::colour::Yuv420ToRgb0(static_cast<PrimTier>(tier), planes, whole.data(), step, w, 2);
     GuardedBuffer pair(whole.size(), kFill);
     // The copy as the "RG32" road lays it out: both luma lines, then the
     // line of each chroma plane, with nothing between.
     GuardedBuffer kept(static_cast<size_t>(step) - static_cast<size_t>(w), kFill);
     uint8_t* const k = kept.data();
-    pixmoor::colour::Yuv420PairToRgb0WideKeeping(
+    pixmoor::colour::Yuv420PairToRgb0Keeping(
         static_cast<PrimTier>(tier),
         pixmoor::colour::Yuv420Lines<const uint8_t>{f.y.data(), f.y.data() + w, f.u.data(), f.v.data()}, pair.data(),
         pair.data() + step, w, pixmoor::colour::Yuv420Lines<uint8_t>{k, k + w, k + 2 * w, k + 2 * w + w / 2});
@@ -106,7 +110,7 @@ void CheckPair(int tier, int w, uint32_t seed) {
 TEST(Yuv420Rgb0, APairKeepsItsSamplesAtEveryLevel) {
     pixmoor_test::ForEachIsaLevel([] {
         uint32_t seed = 1200;
-        for (int tier : {PrimTierPx, PrimTierM6})
+        for (int tier : kEveryTier)
             for (int w : kWidths)
                 if ((w & 1) == 0) {
                     SCOPED_TRACE(std::string(yuv420_model::TierName(tier)) + " width " + std::to_string(w));
@@ -119,7 +123,7 @@ TEST(Yuv420Rgb0, APairKeepsItsSamplesAtEveryLevel) {
 // clamps of the vector forms against the table of the plain code.
 TEST(Yuv420Rgb0, ExtremeSamplesClampAlike) {
     pixmoor_test::ForEachIsaLevel([] {
-        for (int tier : {PrimTierPx, PrimTierM6}) {
+        for (int tier : kEveryTier) {
             YuvFrame f = YuvFrame::Make(130, 4);
             for (size_t i = 0; i < f.y.size(); ++i) f.y[i] = (i & 1) ? 255 : 0;
             for (size_t i = 0; i < f.u.size(); ++i) {
