@@ -1,6 +1,6 @@
 // The a6 and w7 inverse 4:2:0 row kernels to packed RGB (3-byte pixels, or
-// 4-byte ones with a zero last byte) with AVX2: the same
-// 16-bit lane arithmetic as their SSE2 forms (narrow_sse2.h), 16 pixel pairs
+// 4-byte ones with a zero last byte) with AVX2: the bytes of their SSE2
+// forms (narrow_sse2.h) from the same 16-bit lane products, 16 pixel pairs
 // (32 pixels of each line) a step.  Each pixel meets the factor lane of its
 // position in a group of eight, as in the tier's own main loop, so a6's odd
 // row lands on the same pixels; the caller hands over only pairs that its
@@ -32,34 +32,29 @@ PIXMOOR_TARGET_AVX2 __m256i Centred(const uint8_t* p) {
     return _mm256_slli_epi16(_mm256_sub_epi16(c, _mm256_set1_epi16(128)), 4);
 }
 
-// One channel of 16 pixels: (2Y + term) >> 1.
-PIXMOOR_TARGET_AVX2 __m256i Channel(__m256i y, __m256i term) {
-    return _mm256_srai_epi16(_mm256_add_epi16(_mm256_add_epi16(y, y), term), 1);
-}
-
-// The chroma of 16 pixels (each pair's u', v' twice) and their Y lanes.
-struct Half {
-    __m256i du, dv, y;
+// Each channel is (2Y + term) >> 1, which is Y + (term >> 1) exactly: the
+// sums stay far inside 16 bits (|term| < 600) and the shift is a floor
+// either way.  So a step reckons term >> 1 of its pixels once, for both
+// lines, and each line only adds its Y, as the wide kernels add theirs.
+struct HalfTerms {
+    __m256i r, g, b;
 };
 
-PIXMOOR_TARGET_AVX2 __m256i Red(const Half& h, const Factors& f) {
-    return Channel(h.y, _mm256_add_epi16(_mm256_mulhi_epi16(h.dv, f.rv), _mm256_mulhi_epi16(h.du, f.ru)));
+// The half terms of 16 pixels from their chroma (each pair's u', v' twice).
+PIXMOOR_TARGET_AVX2 HalfTerms Terms(__m256i du, __m256i dv, const Factors& f) {
+    const __m256i r = _mm256_add_epi16(_mm256_mulhi_epi16(dv, f.rv), _mm256_mulhi_epi16(du, f.ru));
+    const __m256i g = _mm256_add_epi16(_mm256_mulhi_epi16(du, f.gu), _mm256_mulhi_epi16(dv, f.gv));
+    const __m256i b = _mm256_mulhi_epi16(du, f.bu);
+    return HalfTerms{_mm256_srai_epi16(r, 1), _mm256_srai_epi16(g, 1), _mm256_srai_epi16(b, 1)};
 }
-PIXMOOR_TARGET_AVX2 __m256i Green(const Half& h, const Factors& f) {
-    return Channel(h.y, _mm256_add_epi16(_mm256_mulhi_epi16(h.du, f.gu), _mm256_mulhi_epi16(h.dv, f.gv)));
-}
-PIXMOOR_TARGET_AVX2 __m256i Blue(const Half& h, const Factors& f) {
-    return Channel(h.y, _mm256_mulhi_epi16(h.du, f.bu));
+
+// One channel of 32 pixels, clamped to bytes in pixel order.
+PIXMOOR_TARGET_AVX2 __m256i Channel(__m256i yLow, __m256i yHigh, __m256i termLow, __m256i termHigh) {
+    return _mm256_packus_epi16(_mm256_add_epi16(yLow, termLow), _mm256_add_epi16(yHigh, termHigh));
 }
 
 // How 32 pixels of R, G, B bytes are written.
 using Store32Pixels = void (*)(uint8_t*, __m256i, __m256i, __m256i);
-
-template <Store32Pixels Store>
-PIXMOOR_TARGET_AVX2 void Pixels(const Half& low, const Half& high, const Factors& f, uint8_t* out) {
-    Store(out, _mm256_packus_epi16(Red(low, f), Red(high, f)), _mm256_packus_epi16(Green(low, f), Green(high, f)),
-          _mm256_packus_epi16(Blue(low, f), Blue(high, f)));
-}
 
 // 16 pixel pairs a step while whole steps fit, pixels of kBytes bytes;
 // returns the pairs done.  With `kept`, the samples each step read are
@@ -75,14 +70,15 @@ PIXMOOR_TARGET_AVX2 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, uint
         // Lane halves: pairs 0-7 | 8-15 spread to pixels 0-7 | 16-23 (low)
         // and 8-15 | 24-31 (high), as the unpacks of the Y bytes give them.
         const __m256i du = Centred(in.u + j), dv = Centred(in.v + j);
-        const __m256i duLow = _mm256_unpacklo_epi16(du, du), duHigh = _mm256_unpackhi_epi16(du, du);
-        const __m256i dvLow = _mm256_unpacklo_epi16(dv, dv), dvHigh = _mm256_unpackhi_epi16(dv, dv);
+        const HalfTerms low = Terms(_mm256_unpacklo_epi16(du, du), _mm256_unpacklo_epi16(dv, dv), f);
+        const HalfTerms high = Terms(_mm256_unpackhi_epi16(du, du), _mm256_unpackhi_epi16(dv, dv), f);
         const uint8_t* lines[2] = {in.y0 + 2 * j, in.y1 + 2 * j};
         uint8_t* outs[2] = {top + 2 * kBytes * static_cast<intptr_t>(j), bottom + 2 * kBytes * static_cast<intptr_t>(j)};
         for (int k = 0; k < 2; ++k) {
             const __m256i y = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(lines[k]));
-            Pixels<Store>(Half{duLow, dvLow, _mm256_unpacklo_epi8(y, z)},
-                          Half{duHigh, dvHigh, _mm256_unpackhi_epi8(y, z)}, f, outs[k]);
+            const __m256i yLow = _mm256_unpacklo_epi8(y, z), yHigh = _mm256_unpackhi_epi8(y, z);
+            Store(outs[k], Channel(yLow, yHigh, low.r, high.r), Channel(yLow, yHigh, low.g, high.g),
+                  Channel(yLow, yHigh, low.b, high.b));
         }
         avx2::KeepStep16(in, kept, j);
     }

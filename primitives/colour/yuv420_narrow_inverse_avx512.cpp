@@ -30,24 +30,23 @@ PIXMOOR_TARGET_AVX512 __m512i Centred(const uint8_t* p) {
     return _mm512_slli_epi16(_mm512_sub_epi16(c, _mm512_set1_epi16(128)), 4);
 }
 
-// One channel of 32 pixels: (2Y + term) >> 1.
-PIXMOOR_TARGET_AVX512 __m512i Channel(__m512i y, __m512i term) {
-    return _mm512_srai_epi16(_mm512_add_epi16(_mm512_add_epi16(y, y), term), 1);
-}
-
-// The chroma of 32 pixels (each pair's u', v' twice) and their Y lanes.
-struct Half {
-    __m512i du, dv, y;
+// Y + (term >> 1) for (2Y + term) >> 1, the half terms reckoned once a
+// step for both lines, as in the AVX2 form.
+struct HalfTerms {
+    __m512i r, g, b;
 };
 
-PIXMOOR_TARGET_AVX512 __m512i Red(const Half& h, const Factors& f) {
-    return Channel(h.y, _mm512_add_epi16(_mm512_mulhi_epi16(h.dv, f.rv), _mm512_mulhi_epi16(h.du, f.ru)));
+// The half terms of 32 pixels from their chroma (each pair's u', v' twice).
+PIXMOOR_TARGET_AVX512 HalfTerms Terms(__m512i du, __m512i dv, const Factors& f) {
+    const __m512i r = _mm512_add_epi16(_mm512_mulhi_epi16(dv, f.rv), _mm512_mulhi_epi16(du, f.ru));
+    const __m512i g = _mm512_add_epi16(_mm512_mulhi_epi16(du, f.gu), _mm512_mulhi_epi16(dv, f.gv));
+    const __m512i b = _mm512_mulhi_epi16(du, f.bu);
+    return HalfTerms{_mm512_srai_epi16(r, 1), _mm512_srai_epi16(g, 1), _mm512_srai_epi16(b, 1)};
 }
-PIXMOOR_TARGET_AVX512 __m512i Green(const Half& h, const Factors& f) {
-    return Channel(h.y, _mm512_add_epi16(_mm512_mulhi_epi16(h.du, f.gu), _mm512_mulhi_epi16(h.dv, f.gv)));
-}
-PIXMOOR_TARGET_AVX512 __m512i Blue(const Half& h, const Factors& f) {
-    return Channel(h.y, _mm512_mulhi_epi16(h.du, f.bu));
+
+// One channel of 64 pixels, clamped to bytes in pixel order.
+PIXMOOR_TARGET_AVX512 __m512i Channel(__m512i yLow, __m512i yHigh, __m512i termLow, __m512i termHigh) {
+    return _mm512_packus_epi16(_mm512_add_epi16(yLow, termLow), _mm512_add_epi16(yHigh, termHigh));
 }
 
 // How 64 pixels of R, G, B bytes are written.
@@ -67,16 +66,15 @@ PIXMOOR_TARGET_AVX512 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, ui
         // Lane k: pairs 8k to 8k+7, spread to pixels 16k to 16k+7 (low)
         // and 16k+8 to 16k+15 (high), as the unpacks of the Y bytes give.
         const __m512i du = Centred(in.u + j), dv = Centred(in.v + j);
-        const __m512i duLow = _mm512_unpacklo_epi16(du, du), duHigh = _mm512_unpackhi_epi16(du, du);
-        const __m512i dvLow = _mm512_unpacklo_epi16(dv, dv), dvHigh = _mm512_unpackhi_epi16(dv, dv);
+        const HalfTerms low = Terms(_mm512_unpacklo_epi16(du, du), _mm512_unpacklo_epi16(dv, dv), f);
+        const HalfTerms high = Terms(_mm512_unpackhi_epi16(du, du), _mm512_unpackhi_epi16(dv, dv), f);
         const uint8_t* lines[2] = {in.y0 + 2 * j, in.y1 + 2 * j};
         uint8_t* outs[2] = {top + 2 * kBytes * static_cast<intptr_t>(j), bottom + 2 * kBytes * static_cast<intptr_t>(j)};
         for (int k = 0; k < 2; ++k) {
             const __m512i y = _mm512_loadu_si512(lines[k]);
-            const Half low{duLow, dvLow, _mm512_unpacklo_epi8(y, z)};
-            const Half high{duHigh, dvHigh, _mm512_unpackhi_epi8(y, z)};
-            Store(outs[k], _mm512_packus_epi16(Red(low, f), Red(high, f)),
-                  _mm512_packus_epi16(Green(low, f), Green(high, f)), _mm512_packus_epi16(Blue(low, f), Blue(high, f)));
+            const __m512i yLow = _mm512_unpacklo_epi8(y, z), yHigh = _mm512_unpackhi_epi8(y, z);
+            Store(outs[k], Channel(yLow, yHigh, low.r, high.r), Channel(yLow, yHigh, low.g, high.g),
+                  Channel(yLow, yHigh, low.b, high.b));
         }
         avx512::KeepStep32(in, kept, j);
     }
