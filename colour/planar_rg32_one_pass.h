@@ -1,6 +1,7 @@
-// "I420"/"YV12" to "RG32" in one pass, where the conversion's slot holds one of
-// the library's own entries (px, m6, a6, w7): each pixel goes straight into the
-// destination as four bytes, with no 3-byte picture in between.
+// "I420"/"YV12" to "RG32" in one pass, where the conversion's slot holds
+// one of the library's own entries (px, m6, a6, w7): each pixel goes
+// straight into the destination as four bytes, with no 3-byte picture in
+// between.
 //
 // The two passes leave each frame's 3-byte picture in rgbBuffer, and a
 // later frame whose conversion fails (or whose slot holds a function that
