@@ -30,17 +30,28 @@ int32_t FastToYuv420(typename In::Line top, typename In::Line bottom, const Yuv4
     (void)top, (void)bottom, (void)out, (void)pairs;
     return 0;
 }
+// The AVX-512 form takes whole steps of 32 pairs; the AVX2 form then takes
+// the 16 pairs a step of what is left, so that widths of an odd number of
+// 64-pixel steps (352 = 5.5 x 64) leave at most 15 pairs to the plain loop.
 template <class Out>
 int32_t FastFromYuv420(const Yuv420Lines<const uint8_t>& in, typename Out::Line top,
                        typename Out::Line bottom, int32_t pairs) {
 #if PIXMOOR_HAVE_X86_TARGETS
-    if constexpr (std::is_same_v<Out, PackedRgbOut>) {
-        if (isa::Has(isa::kAvx512)) return fast::WideFromYuv420Avx512(in, top, bottom, pairs);
-        if (isa::Has(isa::kAvx2)) return fast::WideFromYuv420Avx2(in, top, bottom, pairs);
-    }
-    if constexpr (std::is_same_v<Out, PackedRgb0Out>) {
-        if (isa::Has(isa::kAvx512)) return fast::WideFromYuv420Rgb0Avx512(in, top, bottom, pairs, nullptr);
-        if (isa::Has(isa::kAvx2)) return fast::WideFromYuv420Rgb0Avx2(in, top, bottom, pairs, nullptr);
+    if constexpr (std::is_same_v<Out, PackedRgbOut> || std::is_same_v<Out, PackedRgb0Out>) {
+        constexpr bool kRgb0 = std::is_same_v<Out, PackedRgb0Out>;
+        constexpr intptr_t kBytes = kRgb0 ? 4 : 3;
+        int32_t done = 0;
+        if (isa::Has(isa::kAvx512))
+            done = kRgb0 ? fast::WideFromYuv420Rgb0Avx512(in, top, bottom, pairs, nullptr)
+                         : fast::WideFromYuv420Avx512(in, top, bottom, pairs);
+        if (isa::Has(isa::kAvx2) && pairs - done >= 16) {
+            const Yuv420Lines<const uint8_t> rest{in.y0 + 2 * done, in.y1 + 2 * done, in.u + done, in.v + done};
+            uint8_t* restTop = top + 2 * kBytes * done;
+            uint8_t* restBottom = bottom + 2 * kBytes * done;
+            done += kRgb0 ? fast::WideFromYuv420Rgb0Avx2(rest, restTop, restBottom, pairs - done, nullptr)
+                          : fast::WideFromYuv420Avx2(rest, restTop, restBottom, pairs - done);
+        }
+        return done;
     }
 #endif
     (void)in, (void)top, (void)bottom, (void)pairs;

@@ -1,7 +1,9 @@
 // The 4:2:0 members at every instruction-set level against the scalar
 // model: the wider-vector forms inside the tier entries must give exactly
 // the tier's bytes, on widths around each vector step (16, 32 and 64
-// pixels) and their tails, odd sizes and padded steps.
+// pixels) and their tails, odd sizes and padded steps; widths of an odd
+// number of 64-pixel steps (352, 416) and those plus a tail, where the
+// 32-pixel form takes over after the 64-pixel one.
 #include <gtest/gtest.h>
 
 #include "isa_levels.h"
@@ -13,7 +15,8 @@ using namespace yuv420_harness;
 namespace {
 
 const int kWidths[] = {1, 2, 3, 15, 16, 17, 30, 31, 32, 33, 34, 47, 48, 49, 62, 63, 64, 65, 66, 95, 96,
-                       97, 98, 127, 128, 129, 130, 131, 190, 191, 192, 193, 254, 256, 257, 258, 321};
+                       97, 98, 127, 128, 129, 130, 131, 190, 191, 192, 193, 254, 256, 257, 258, 321,
+                       352, 353, 414, 416, 446, 447};
 const int kHeights[] = {1, 2, 3, 5};
 
 template <class Check>
