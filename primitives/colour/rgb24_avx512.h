@@ -1,6 +1,7 @@
 // Packed RGB (3 bytes a pixel) in and out of 512-bit registers, for the
-// AVX-512 row kernels.  Out: the byte shuffles of rgb24_avx2.h in each
-// 128-bit lane, then the 16-byte pieces put in output order.  In: 4 pixels
+// AVX-512 row kernels.  Out: from channel words, packs and masked byte
+// shuffles in each 128-bit lane, then the 16-byte pieces put in output
+// order.  In: 4 pixels
 // a 128-bit lane, one a 32-bit lane as (R, B) and (G, G) 16-bit halves.
 // Only units whose functions carry PIXMOOR_TARGET_AVX512 include this
 // header; every function here carries it too.
@@ -23,20 +24,57 @@ PIXMOOR_TARGET_AVX512 inline __m512i Mask(const int8_t (&t)[16]) {
     return _mm512_broadcast_i32x4(_mm_loadu_si128(reinterpret_cast<const __m128i*>(t)));
 }
 
-// One output register of the interleave, lane by lane (16 pixels a lane).
-PIXMOOR_TARGET_AVX512 inline __m512i InterleavePart(__m512i r, __m512i g, __m512i b, int m) {
-    const auto& k = avx2::kInterleave.bytes;
-    return _mm512_or_si512(_mm512_or_si512(_mm512_shuffle_epi8(r, Mask(k[0][m])), _mm512_shuffle_epi8(g, Mask(k[1][m]))),
-                           _mm512_shuffle_epi8(b, Mask(k[2][m])));
+// 16-bit values of the R, G, B channels of 64 pixels as the byte unpacks
+// lay them out: lane k of a Low register holds pixels 16 k to 16 k + 7, of
+// a High one pixels 16 k + 8 to 16 k + 15.
+struct ChannelWords {
+    __m512i rLow, rHigh, gLow, gHigh, bLow, bHigh;
+};
+
+// The unsigned saturating packs put R and G of a lane's first 8 pixels in
+// one register ("RG low": R in bytes 0-7, G in 8-15), of its last 8 in
+// another ("RG high"), and B of all 16 in a third.  Each of the three
+// 16-byte pieces of a lane's 48 output bytes is then one byte shuffle of
+// one of them, with the bytes of the others shuffled over it under a
+// mask; one index table a piece serves all three sources.
+struct PieceTables {
+    int8_t index[3][16];
+    uint16_t rgHigh[3], blue[3];  // bytes taken from RG high, from B
+};
+
+constexpr PieceTables MakePieceTables() {
+    PieceTables t{};
+    for (int q = 0; q < 3; ++q)
+        for (int i = 0; i < 16; ++i) {
+            const int o = 16 * q + i, pixel = o / 3, channel = o % 3;
+            if (channel == 2) {
+                t.index[q][i] = static_cast<int8_t>(pixel);
+                t.blue[q] = static_cast<uint16_t>(t.blue[q] | 1u << i);
+            } else {
+                t.index[q][i] = static_cast<int8_t>(8 * channel + pixel % 8);
+                if (pixel >= 8) t.rgHigh[q] = static_cast<uint16_t>(t.rgHigh[q] | 1u << i);
+            }
+        }
+    return t;
 }
 
-// Writes 64 pixels (192 bytes) from their R, G, B bytes in pixel order.
-// Lane k of the three interleaved registers holds output bytes 48 k to
-// 48 k + 47; the stores take the 16-byte pieces in that order.
-PIXMOOR_TARGET_AVX512 inline void StoreRgb64(uint8_t* p, __m512i r, __m512i g, __m512i b) {
-    const __m512i o0 = InterleavePart(r, g, b, 0);
-    const __m512i o1 = InterleavePart(r, g, b, 1);
-    const __m512i o2 = InterleavePart(r, g, b, 2);
+alignas(16) inline constexpr PieceTables kPieces = MakePieceTables();
+
+// A 16-bit lane mask repeated over the four 128-bit lanes.
+constexpr __mmask64 EveryLane(uint16_t m) { return 0x0001000100010001ull * m; }
+
+// Piece q of each lane: RG low under RG high (where it has bytes) under B.
+PIXMOOR_TARGET_AVX512 inline __m512i Piece(__m512i rgLow, __m512i rgHigh, __m512i b, int q) {
+    const __m512i index = Mask(kPieces.index[q]);
+    __m512i piece = _mm512_shuffle_epi8(kPieces.rgHigh[q] == 0xFFFF ? rgHigh : rgLow, index);
+    if (kPieces.rgHigh[q] != 0 && kPieces.rgHigh[q] != 0xFFFF)
+        piece = _mm512_mask_shuffle_epi8(piece, EveryLane(kPieces.rgHigh[q]), rgHigh, index);
+    return _mm512_mask_shuffle_epi8(piece, EveryLane(kPieces.blue[q]), b, index);
+}
+
+// Writes 192 bytes from o0, o1, o2, whose lane k holds output bytes 48 k to
+// 48 k + 47 (16 each, in that order).
+PIXMOOR_TARGET_AVX512 inline void StoreLanePieces(uint8_t* p, __m512i o0, __m512i o1, __m512i o2) {
     // 16-byte pieces in output order: o0.0 o1.0 o2.0 o0.1 | o1.1 o2.1 o0.2
     // o1.2 | o2.2 o0.3 o1.3 o2.3.  Each store takes three pieces from two
     // registers (64-bit indices, 8 and up from the second) and its third
@@ -47,6 +85,14 @@ PIXMOOR_TARGET_AVX512 inline void StoreRgb64(uint8_t* p, __m512i r, __m512i g, _
     _mm512_storeu_si512(p, _mm512_mask_permutexvar_epi64(z0, 0x30, _mm512_setr_epi64(0, 0, 0, 0, 0, 1, 0, 0), o2));
     _mm512_storeu_si512(p + 64, _mm512_mask_permutexvar_epi64(z1, 0x30, _mm512_setr_epi64(0, 0, 0, 0, 4, 5, 0, 0), o0));
     _mm512_storeu_si512(p + 128, _mm512_mask_permutexvar_epi64(z2, 0x30, _mm512_setr_epi64(0, 0, 0, 0, 6, 7, 0, 0), o1));
+}
+
+// Writes 64 pixels (192 bytes), each channel clamped to 0..255.
+PIXMOOR_TARGET_AVX512 inline void StoreRgbWords64(uint8_t* p, const ChannelWords& w) {
+    const __m512i rgLow = _mm512_packus_epi16(w.rLow, w.gLow);
+    const __m512i rgHigh = _mm512_packus_epi16(w.rHigh, w.gHigh);
+    const __m512i b = _mm512_packus_epi16(w.bLow, w.bHigh);
+    StoreLanePieces(p, Piece(rgLow, rgHigh, b, 0), Piece(rgLow, rgHigh, b, 1), Piece(rgLow, rgHigh, b, 2));
 }
 
 // ---- In: packed RGB to one pixel a 32-bit lane, for the forward kernels.

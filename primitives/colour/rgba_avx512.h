@@ -5,6 +5,7 @@
 #ifndef PIXMOOR_PRIMITIVES_COLOUR_RGBA_AVX512_H
 #define PIXMOOR_PRIMITIVES_COLOUR_RGBA_AVX512_H
 
+#include "primitives/colour/rgb24_avx512.h"
 #include "primitives/colour/rgba_avx2.h"
 #include "runtime/isa.h"
 
@@ -67,6 +68,14 @@ PIXMOOR_TARGET_AVX512 inline void StoreRgb0x64(uint8_t* p, __m512i r, __m512i g,
     _mm512_storeu_si512(p + 64, _mm512_shuffle_i64x2(q01Low, q23Low, 0xDD));
     _mm512_storeu_si512(p + 128, _mm512_shuffle_i64x2(q01High, q23High, 0x88));
     _mm512_storeu_si512(p + 192, _mm512_shuffle_i64x2(q01High, q23High, 0xDD));
+}
+
+
+// The same from channel words laid out as rgb24_avx512.h's ChannelWords,
+// each channel clamped to 0..255.
+PIXMOOR_TARGET_AVX512 inline void StoreRgb0Words64(uint8_t* p, const ChannelWords& w) {
+    StoreRgb0x64(p, _mm512_packus_epi16(w.rLow, w.rHigh), _mm512_packus_epi16(w.gLow, w.gHigh),
+                 _mm512_packus_epi16(w.bLow, w.bHigh));
 }
 
 }  // namespace pixmoor::colour::avx512

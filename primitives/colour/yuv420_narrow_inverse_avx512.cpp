@@ -44,13 +44,8 @@ PIXMOOR_TARGET_AVX512 HalfTerms Terms(__m512i du, __m512i dv, const Factors& f) 
     return HalfTerms{_mm512_srai_epi16(r, 1), _mm512_srai_epi16(g, 1), _mm512_srai_epi16(b, 1)};
 }
 
-// One channel of 64 pixels, clamped to bytes in pixel order.
-PIXMOOR_TARGET_AVX512 __m512i Channel(__m512i yLow, __m512i yHigh, __m512i termLow, __m512i termHigh) {
-    return _mm512_packus_epi16(_mm512_add_epi16(yLow, termLow), _mm512_add_epi16(yHigh, termHigh));
-}
-
-// How 64 pixels of R, G, B bytes are written.
-using Store64Pixels = void (*)(uint8_t*, __m512i, __m512i, __m512i);
+// How 64 pixels are written from their channel words.
+using Store64Pixels = void (*)(uint8_t*, const avx512::ChannelWords&);
 
 // 32 pixel pairs a step while whole steps fit, pixels of kBytes bytes;
 // returns the pairs done.  With `kept`, the samples each step read are
@@ -73,8 +68,9 @@ PIXMOOR_TARGET_AVX512 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, ui
         for (int k = 0; k < 2; ++k) {
             const __m512i y = _mm512_loadu_si512(lines[k]);
             const __m512i yLow = _mm512_unpacklo_epi8(y, z), yHigh = _mm512_unpackhi_epi8(y, z);
-            Store(outs[k], Channel(yLow, yHigh, low.r, high.r), Channel(yLow, yHigh, low.g, high.g),
-                  Channel(yLow, yHigh, low.b, high.b));
+            Store(outs[k], avx512::ChannelWords{_mm512_add_epi16(yLow, low.r), _mm512_add_epi16(yHigh, high.r),
+                                                _mm512_add_epi16(yLow, low.g), _mm512_add_epi16(yHigh, high.g),
+                                                _mm512_add_epi16(yLow, low.b), _mm512_add_epi16(yHigh, high.b)});
         }
         avx512::KeepStep32(in, kept, j);
     }
@@ -86,14 +82,14 @@ PIXMOOR_TARGET_AVX512 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, ui
 PIXMOOR_TARGET_AVX512 int32_t NarrowFromYuv420Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
                                                      uint8_t* bottom, int32_t pairs,
                                                      const int16_t (&lanes)[5][8]) {
-    return PairSteps<&avx512::StoreRgb64, 3>(in, top, bottom, pairs, lanes, nullptr);
+    return PairSteps<&avx512::StoreRgbWords64, 3>(in, top, bottom, pairs, lanes, nullptr);
 }
 
 PIXMOOR_TARGET_AVX512 int32_t NarrowFromYuv420Rgb0Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
                                                          uint8_t* bottom, int32_t pairs,
                                                          const int16_t (&lanes)[5][8],
                                                          const Yuv420Lines<uint8_t>* kept) {
-    return PairSteps<&avx512::StoreRgb0x64, 4>(in, top, bottom, pairs, lanes, kept);
+    return PairSteps<&avx512::StoreRgb0Words64, 4>(in, top, bottom, pairs, lanes, kept);
 }
 
 }  // namespace pixmoor::colour::fast
