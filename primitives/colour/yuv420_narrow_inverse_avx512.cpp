@@ -11,6 +11,7 @@
 #include "primitives/colour/avx512_intrinsics.h"
 #include "primitives/colour/rgb24_avx512.h"
 #include "primitives/colour/rgba_avx512.h"
+#include "primitives/colour/yuv420_gather_avx512.h"
 #include "primitives/colour/yuv420_keep_avx512.h"
 
 namespace pixmoor::colour::fast {
@@ -77,11 +78,37 @@ PIXMOOR_TARGET_AVX512 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, ui
     return whole;
 }
 
+// Where each factor row is the same in all eight lanes (w7's rows), both
+// pixels of a pair take the same half terms: they are reckoned once a
+// pair, in pair order, and gathered with Y into output order as in
+// yuv420_gather_avx512.h.
+bool SameInEveryLane(const int16_t (&lanes)[5][8]) {
+    for (const auto& row : lanes)
+        for (int16_t factor : row)
+            if (factor != row[0]) return false;
+    return true;
+}
+
+// The half terms of the step at pair j, one a pair, for
+// avx512::GatheredSteps.
+struct PairHalfTermsAt {
+    const Yuv420Lines<const uint8_t>& in;
+    const Factors& f;
+    PIXMOOR_TARGET_AVX512 avx512::PairOffsets operator()(int32_t j) const {
+        const HalfTerms t = Terms(Centred(in.u + j), Centred(in.v + j), f);
+        return avx512::PairOffsets{t.r, t.g, t.b};
+    }
+};
+
 }  // namespace
 
 PIXMOOR_TARGET_AVX512 int32_t NarrowFromYuv420Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
                                                      uint8_t* bottom, int32_t pairs,
                                                      const int16_t (&lanes)[5][8]) {
+    if (SameInEveryLane(lanes)) {
+        const Factors f{Row(lanes[0]), Row(lanes[1]), Row(lanes[2]), Row(lanes[3]), Row(lanes[4])};
+        return avx512::GatheredSteps(in, top, bottom, pairs, PairHalfTermsAt{in, f});
+    }
     return PairSteps<&avx512::StoreRgbWords64, 3>(in, top, bottom, pairs, lanes, nullptr);
 }
 

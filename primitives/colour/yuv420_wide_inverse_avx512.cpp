@@ -11,28 +11,26 @@
 #include "primitives/colour/rgb24_avx512.h"
 #include "primitives/colour/rgba_avx512.h"
 #include "primitives/colour/wide_terms_avx2.h"
+#include "primitives/colour/yuv420_gather_avx512.h"
 #include "primitives/colour/yuv420_keep_avx512.h"
 
 namespace pixmoor::colour::fast {
 namespace {
-
-struct Offsets {
-    __m512i r, g, b;  // t >> 16 of 32 chroma pairs, one 16-bit lane each
-};
 
 PIXMOOR_TARGET_AVX512 __m512i Centred(const uint8_t* p) {
     return _mm512_sub_epi16(_mm512_cvtepu8_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))),
                             _mm512_set1_epi16(128));
 }
 
-PIXMOOR_TARGET_AVX512 Offsets PairOffsets(const uint8_t* u, const uint8_t* v) {
+// t >> 16 of 32 chroma pairs for each channel, one 16-bit lane each.
+PIXMOOR_TARGET_AVX512 avx512::PairOffsets OffsetsOf(const uint8_t* u, const uint8_t* v) {
     const __m512i du = Centred(u), dv = Centred(v);
     const __m512i r = _mm512_add_epi16(dv, _mm512_mulhi_epi16(dv, _mm512_set1_epi16(avx2::kRvRest)));
     const __m512i b = _mm512_add_epi16(_mm512_add_epi16(du, du), _mm512_mulhi_epi16(du, _mm512_set1_epi16(avx2::kBuRest)));
     const __m512i gFactors = _mm512_broadcast_i32x4(_mm256_castsi256_si128(avx2::GreenFactors()));
     const __m512i gLow = _mm512_srai_epi32(_mm512_madd_epi16(_mm512_unpacklo_epi16(du, dv), gFactors), 16);
     const __m512i gHigh = _mm512_srai_epi32(_mm512_madd_epi16(_mm512_unpackhi_epi16(du, dv), gFactors), 16);
-    return Offsets{r, _mm512_sub_epi16(_mm512_packs_epi32(gLow, gHigh), dv), b};
+    return avx512::PairOffsets{r, _mm512_sub_epi16(_mm512_packs_epi32(gLow, gHigh), dv), b};
 }
 
 // How 64 pixels are written from their channel words.
@@ -41,7 +39,7 @@ using Store64Pixels = void (*)(uint8_t*, const avx512::ChannelWords&);
 // The offsets of 64 pixels, each pair's twice, laid out as the byte
 // unpacks of the Y samples lay out their pixels (avx512::ChannelWords);
 // reckoned once a step for both lines.
-PIXMOOR_TARGET_AVX512 avx512::ChannelWords PixelOffsets(const Offsets& o) {
+PIXMOOR_TARGET_AVX512 avx512::ChannelWords PixelOffsets(const avx512::PairOffsets& o) {
     return avx512::ChannelWords{_mm512_unpacklo_epi16(o.r, o.r), _mm512_unpackhi_epi16(o.r, o.r),
                                 _mm512_unpacklo_epi16(o.g, o.g), _mm512_unpackhi_epi16(o.g, o.g),
                                 _mm512_unpacklo_epi16(o.b, o.b), _mm512_unpackhi_epi16(o.b, o.b)};
@@ -66,7 +64,7 @@ PIXMOOR_TARGET_AVX512 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, ui
                                         int32_t pairs, const Yuv420Lines<uint8_t>* kept) {
     const int32_t whole = pairs & ~31;
     for (int32_t j = 0; j < whole; j += 32) {
-        const avx512::ChannelWords o = PixelOffsets(PairOffsets(in.u + j, in.v + j));
+        const avx512::ChannelWords o = PixelOffsets(OffsetsOf(in.u + j, in.v + j));
         Line64<Store>(in.y0 + 2 * j, o, top + 2 * kBytes * static_cast<intptr_t>(j));
         Line64<Store>(in.y1 + 2 * j, o, bottom + 2 * kBytes * static_cast<intptr_t>(j));
         avx512::KeepStep32(in, kept, j);
@@ -74,73 +72,17 @@ PIXMOOR_TARGET_AVX512 int32_t PairSteps(const Yuv420Lines<const uint8_t>& in, ui
     return whole;
 }
 
-// ---- 3-byte pixels: the words gathered in output order before the add.
-//
-// The 192 output bytes of 64 pixels are three registers, each the unsigned
-// saturating pack of two word registers ("halves"): byte 16 k + i of lane k
-// is word 8 k + i of the first half for i < 8, of the second otherwise.
-// Each half is Y of its pixels plus the offsets of their pairs and
-// channels, both gathered into that order by word permutes, the offsets
-// once a step for both lines.  On this path that takes fewer operations
-// than clamping each channel's bytes and interleaving them.
-struct OutputGather {
-    int16_t luma[6][32];    // pixel 0-63 over the two Y word registers
-    int16_t chroma[6][32];  // pair of R (from r) or B (from b), 32 + pair of G (from g)
-    uint32_t blue[6];       // the words that take B
+// The offsets of the step at pair j, for avx512::GatheredSteps.
+struct OffsetsAt {
+    const Yuv420Lines<const uint8_t>& in;
+    PIXMOOR_TARGET_AVX512 avx512::PairOffsets operator()(int32_t j) const { return OffsetsOf(in.u + j, in.v + j); }
 };
-
-constexpr OutputGather MakeOutputGather() {
-    OutputGather t{};
-    for (int h = 0; h < 6; ++h)
-        for (int w = 0; w < 32; ++w) {
-            const int o = 64 * (h / 2) + 16 * (w / 8) + 8 * (h % 2) + w % 8;
-            const int pixel = o / 3, channel = o % 3;
-            t.luma[h][w] = static_cast<int16_t>(pixel);
-            t.chroma[h][w] = static_cast<int16_t>(pixel / 2 + (channel == 1 ? 32 : 0));
-            if (channel == 2) t.blue[h] |= 1u << w;
-        }
-    return t;
-}
-
-alignas(64) constexpr OutputGather kOutputGather = MakeOutputGather();
-
-PIXMOOR_TARGET_AVX512 __m512i Words(const int16_t (&w)[32]) { return _mm512_load_si512(w); }
-
-// 64 pixels of a line from the gathered offsets of their pairs.
-PIXMOOR_TARGET_AVX512 void GatheredLine64(const uint8_t* y, const __m512i (&offsets)[6], uint8_t* out) {
-    const __m512i y0 = _mm512_cvtepu8_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(y)));
-    const __m512i y1 = _mm512_cvtepu8_epi16(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(y + 32)));
-    for (int m = 0; m < 3; ++m) {
-        const __m512i first = _mm512_add_epi16(
-            _mm512_permutex2var_epi16(y0, Words(kOutputGather.luma[2 * m]), y1), offsets[2 * m]);
-        const __m512i second = _mm512_add_epi16(
-            _mm512_permutex2var_epi16(y0, Words(kOutputGather.luma[2 * m + 1]), y1), offsets[2 * m + 1]);
-        _mm512_storeu_si512(out + 64 * m, _mm512_packus_epi16(first, second));
-    }
-}
-
-PIXMOOR_TARGET_AVX512 int32_t GatheredSteps(const Yuv420Lines<const uint8_t>& in, uint8_t* top, uint8_t* bottom,
-                                            int32_t pairs) {
-    const int32_t whole = pairs & ~31;
-    for (int32_t j = 0; j < whole; j += 32) {
-        const Offsets o = PairOffsets(in.u + j, in.v + j);
-        __m512i offsets[6];
-        for (int h = 0; h < 6; ++h) {
-            const __m512i pick = Words(kOutputGather.chroma[h]);
-            offsets[h] = _mm512_mask_permutexvar_epi16(_mm512_permutex2var_epi16(o.r, pick, o.g),
-                                                       kOutputGather.blue[h], pick, o.b);
-        }
-        GatheredLine64(in.y0 + 2 * j, offsets, top + 6 * static_cast<intptr_t>(j));
-        GatheredLine64(in.y1 + 2 * j, offsets, bottom + 6 * static_cast<intptr_t>(j));
-    }
-    return whole;
-}
 
 }  // namespace
 
 PIXMOOR_TARGET_AVX512 int32_t WideFromYuv420Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
                                                    uint8_t* bottom, int32_t pairs) {
-    return GatheredSteps(in, top, bottom, pairs);
+    return avx512::GatheredSteps(in, top, bottom, pairs, OffsetsAt{in});
 }
 
 PIXMOOR_TARGET_AVX512 int32_t WideFromYuv420Rgb0Avx512(const Yuv420Lines<const uint8_t>& in, uint8_t* top,
