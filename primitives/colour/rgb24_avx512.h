@@ -63,11 +63,13 @@ alignas(16) inline constexpr PieceTables kPieces = MakePieceTables();
 // A 16-bit lane mask repeated over the four 128-bit lanes.
 constexpr __mmask64 EveryLane(uint16_t m) { return 0x0001000100010001ull * m; }
 
-// Piece q of each lane: RG low under RG high (where it has bytes) under B.
+// Piece q of each lane: RG low (where it has bytes) under RG high (where it
+// has bytes) under B.
 PIXMOOR_TARGET_AVX512 inline __m512i Piece(__m512i rgLow, __m512i rgHigh, __m512i b, int q) {
     const __m512i index = Mask(kPieces.index[q]);
-    __m512i piece = _mm512_shuffle_epi8(kPieces.rgHigh[q] == 0xFFFF ? rgHigh : rgLow, index);
-    if (kPieces.rgHigh[q] != 0 && kPieces.rgHigh[q] != 0xFFFF)
+    const bool hasLow = (kPieces.rgHigh[q] | kPieces.blue[q]) != 0xFFFF;
+    __m512i piece = _mm512_shuffle_epi8(hasLow ? rgLow : rgHigh, index);
+    if (hasLow && kPieces.rgHigh[q] != 0)
         piece = _mm512_mask_shuffle_epi8(piece, EveryLane(kPieces.rgHigh[q]), rgHigh, index);
     return _mm512_mask_shuffle_epi8(piece, EveryLane(kPieces.blue[q]), b, index);
 }

@@ -4,6 +4,9 @@
 // 512-bit vectors, 32 pixel pairs (64 pixels of each line) a step.  Each
 // group of eight pixels meets the tier's factor lanes as in its own main
 // loop; the caller hands over only pairs that its main loop would take.
+// Into 3-byte pixels, factor rows the same in every lane (w7) let a pair's
+// two pixels share their terms, which then take the gathering step of the
+// wide form.
 #include "primitives/colour/yuv420_fast_rows.h"
 
 #if PIXMOOR_HAVE_X86_TARGETS
