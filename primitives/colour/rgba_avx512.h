@@ -70,7 +70,6 @@ PIXMOOR_TARGET_AVX512 inline void StoreRgb0x64(uint8_t* p, __m512i r, __m512i g,
     _mm512_storeu_si512(p + 192, _mm512_shuffle_i64x2(q01High, q23High, 0xDD));
 }
 
-
 // The same from channel words laid out as rgb24_avx512.h's ChannelWords,
 // each channel clamped to 0..255.
 PIXMOOR_TARGET_AVX512 inline void StoreRgb0Words64(uint8_t* p, const ChannelWords& w) {
