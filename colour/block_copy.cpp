@@ -8,6 +8,8 @@
 // video chain reads from).  Elsewhere the C library copies.
 #include "colour/block_copy.h"
 
+#include "colour/byte_span.h"
+
 #include <cstring>
 
 #include "runtime/isa.h"
@@ -26,13 +28,6 @@ bool HasFastStringMoves() {
     if (__get_cpuid_count(7, 0, &eax, &ebx, &ecx, &edx) == 0) return false;
     return (ebx & (1u << 9)) != 0;
 }
-
-// True when the two blocks of `bytes` bytes share no byte.
-bool Apart(const uint8_t* dst, const uint8_t* src, uint32_t bytes) {
-    const auto to = reinterpret_cast<uintptr_t>(dst);
-    const auto from = reinterpret_cast<uintptr_t>(src);
-    return to >= from ? to - from >= bytes : from - to >= bytes;
-}
 #endif
 
 }  // namespace
@@ -40,7 +35,8 @@ bool Apart(const uint8_t* dst, const uint8_t* src, uint32_t bytes) {
 void CopyBlock(uint8_t* dst, const uint8_t* src, uint32_t bytes) {
 #if PIXMOOR_HAVE_X86_TARGETS
     constexpr uint32_t kVectorLoopBytes = 4u << 20;
-    if (bytes >= kVectorLoopBytes && isa::Has(isa::kAvx2) && Apart(dst, src, bytes)) {
+    if (bytes >= kVectorLoopBytes && isa::Has(isa::kAvx2) &&
+        !ByteSpan::Of(dst, bytes).Overlaps(ByteSpan::Of(src, bytes))) {
         CopyBlockAvx2(dst, src, bytes);
         return;
     }

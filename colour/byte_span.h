@@ -18,6 +18,11 @@ struct ByteSpan {
     // negative or 0).
     static ByteSpan OfRows(const void* start, int64_t step, int32_t rows, int32_t lineBytes);
 
+    // The span of `bytes` bytes from `start`.
+    static ByteSpan Of(const void* start, uint64_t bytes) {
+        const auto first = reinterpret_cast<uintptr_t>(start);
+        return ByteSpan{first, first + static_cast<uintptr_t>(bytes)};
+    }
     // The smallest span that holds both.
     ByteSpan Join(const ByteSpan& other) const;
 

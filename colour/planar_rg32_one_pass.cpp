@@ -19,17 +19,11 @@ using ConvertEntry = decltype(&px_ImgYUV420ToRGB);
 // that converted the last frame in one pass, whose planes are kept.
 constexpr uint8_t kHoldsPicture = 0;
 
-// The library's own entries, by tier: the only ones the road takes in one
-// pass, and the ones that turn a kept copy back into the picture.
-const ConvertEntry kOwnEntries[] = {&px_ImgYUV420ToRGB, &m6_ImgYUV420ToRGB, &a6_ImgYUV420ToRGB,
-                                    &w7_ImgYUV420ToRGB};
-constexpr int kTiers = static_cast<int>(sizeof kOwnEntries / sizeof kOwnEntries[0]);
+// Marks go up to 1 + w7.
+constexpr int kTiers = 4;
 
-// The tier of `entry`, or -1 for a function that is none of them.
-int TierOfEntry(ConvertEntry entry) {
-    for (int tier = 0; tier < kTiers; ++tier)
-        if (entry == kOwnEntries[tier]) return tier;
-    return -1;
+ConvertEntry OwnConvertEntry(int tier) {
+    return reinterpret_cast<ConvertEntry>(dispatch::OwnEntry(dispatch::kRow_ImgYUV420ToRGB, tier));
 }
 
 // The sizes of a frame, and whether its buffer carries a mark: rgbBuffer
@@ -122,10 +116,10 @@ bool ConvertRG32InOnePass(const CColorXFormPlanarToRG32* t, const uint8_t* const
                                 .Join(ByteSpan::OfRows(planes[1], chromaLine, chromaRows, chromaLine))
                                 .Join(ByteSpan::OfRows(planes[2], chromaLine, chromaRows, chromaLine));
     const ByteSpan out = ByteSpan::OfRows(dst, step, f.height, f.width * 4);
-    const ByteSpan buffer = ByteSpan::OfRows(t->rgbBuffer, 0, 1, static_cast<int32_t>(f.buffer));
+    const ByteSpan buffer = ByteSpan::Of(t->rgbBuffer, static_cast<uint64_t>(f.buffer));
     if (out.Overlaps(source) || out.Overlaps(buffer) || source.Overlaps(buffer)) return false;
 
-    const int tier = TierOfEntry(dispatch::OwnEntryInSlot<ConvertEntry>(dispatch::kRow_ImgYUV420ToRGB));
+    const int tier = dispatch::OwnTierInSlot(dispatch::kRow_ImgYUV420ToRGB);
     if (tier < 0) return false;
 
     ConvertAndKeep(f, static_cast<PrimTier>(tier), planes, dst, static_cast<int32_t>(step), t->rgbBuffer);
@@ -141,7 +135,7 @@ void RestoreRG32Picture(const CColorXFormPlanarToRG32* t) {
     // Pair by pair from the top, each written below what is still to be
     // read (see ConvertAndKeep), by the entry of the tier that converted
     // the frame.
-    const ConvertEntry convert = kOwnEntries[mark - 1];
+    const ConvertEntry convert = OwnConvertEntry(mark - 1);
     for (int32_t pair = 0; pair < (f.height >> 1); ++pair) {
         const uint8_t* const at = f.CopyOf(t->rgbBuffer, pair);
         const uint8_t* const kept[3] = {at, at + f.SecondAt(), at + f.ThirdAt()};

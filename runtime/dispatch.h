@@ -27,18 +27,24 @@ static_assert(static_cast<int32_t>(kRowCount) == static_cast<int32_t>(PrimDispat
 // The slots, one per row in row order; each starts at its row's px entry.
 extern PrimEntry g_slots[kRowCount];
 
-// The entry that slot `row` holds now, when it is one of the library's own
-// four tier entries of that row; null when anything else stands there (a
-// caller's or a test's function).  The slot is read once: a routine that
-// calls the returned entry for every part of a frame runs one tier for the
-// whole frame, even if selection rewrites the slot meanwhile.
-PrimEntry OwnEntryInSlot(RowIndex row);
+// The tier (0 px, 1 m6, 2 a6, 3 w7) whose library entry slot `row` holds
+// now; -1 when anything else stands there (a caller's or a test's
+// function).  The slot is read once: a routine that calls that tier's entry
+// for every part of a frame runs one tier for the whole frame, even if
+// selection rewrites the slot meanwhile.
+int OwnTierInSlot(RowIndex row);
 
-// The same, typed as the row's member; `Fn` is the member's function
-// pointer type, e.g. decltype(&px_ImgRGBToYUV420).
+// The library's own entry of `row` for `tier` (0 to 3), whatever the slot
+// and the exported table hold.
+PrimEntry OwnEntry(RowIndex row, int tier);
+
+// The entry that slot `row` holds now when it is one of the library's own,
+// typed as the row's member (`Fn`, e.g. decltype(&px_ImgRGBToYUV420));
+// null otherwise.
 template <class Fn>
 inline Fn OwnEntryInSlot(RowIndex row) {
-    return reinterpret_cast<Fn>(OwnEntryInSlot(row));
+    const int tier = OwnTierInSlot(row);
+    return tier < 0 ? nullptr : reinterpret_cast<Fn>(OwnEntry(row, tier));
 }
 
 // Relaxed atomic access to a word of shared runtime state: a slot, or the

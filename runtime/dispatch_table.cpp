@@ -30,12 +30,14 @@ const PrimEntry kOwnEntries[kRowCount][4] = {PIXMOOR_DISPATCH_ROWS(PIXMOOR_OWN_E
 
 }  // namespace
 
-PrimEntry OwnEntryInSlot(RowIndex row) {
+int OwnTierInSlot(RowIndex row) {
     const PrimEntry held = RelaxedLoad(&g_slots[row]);
-    for (const PrimEntry own : kOwnEntries[row])
-        if (held == own) return held;
-    return nullptr;
+    for (int tier = 0; tier < 4; ++tier)
+        if (held == kOwnEntries[row][tier]) return tier;
+    return -1;
 }
+
+PrimEntry OwnEntry(RowIndex row, int tier) { return kOwnEntries[row][tier]; }
 
 }  // namespace pixmoor::dispatch
 

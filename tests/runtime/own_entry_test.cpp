@@ -1,5 +1,5 @@
-// The query that tells a routine whether a slot holds one of the library's
-// own entries: any tier's entry of the row counts; a caller's function does
+// The queries that tell a routine which of the library's own entries a slot
+// holds: any tier's entry of the row counts; a caller's function does
 // not, also when the caller has written it into the exported table's entry
 // columns, and neither does another row's entry.
 #include <gtest/gtest.h>
@@ -11,7 +11,9 @@
 
 namespace {
 
+using pixmoor::dispatch::OwnEntry;
 using pixmoor::dispatch::OwnEntryInSlot;
+using pixmoor::dispatch::OwnTierInSlot;
 using pixmoor::dispatch::RowIndex;
 
 PrimStatus Foreign(void) { return PrimStatusOk; }
@@ -22,7 +24,8 @@ TEST(OwnEntryInSlot, EveryTierOfTheRowIsOwn) {
         for (int tier = 0; tier < 4; ++tier) {
             const PrimEntry entry = PrimDispatchTable[row].entries[tier];
             *PrimDispatchTable[row].slot = entry;
-            EXPECT_EQ(OwnEntryInSlot(static_cast<RowIndex>(row)), entry) << row << " " << tier;
+            EXPECT_EQ(OwnTierInSlot(static_cast<RowIndex>(row)), tier) << row;
+            EXPECT_EQ(OwnEntry(static_cast<RowIndex>(row), tier), entry) << row << " " << tier;
         }
 }
 
@@ -31,17 +34,20 @@ TEST(OwnEntryInSlot, AForeignFunctionIsNot) {
     const auto foreign = reinterpret_cast<PrimEntry>(&Foreign);
     for (int row = 0; row < PrimDispatchRowCount; ++row) {
         *PrimDispatchTable[row].slot = foreign;
-        EXPECT_EQ(OwnEntryInSlot(static_cast<RowIndex>(row)), nullptr) << row;
-        // Written into the table's columns too, it is still not the library's.
+        EXPECT_EQ(OwnTierInSlot(static_cast<RowIndex>(row)), -1) << row;
+        // Written into the table's columns too, it is still not the library's,
+        // and the library's own entries stay what they were.
+        const PrimEntry px = PrimDispatchTable[row].entries[PrimTierPx];
         for (PrimEntry& column : PrimDispatchTable[row].entries) column = foreign;
-        EXPECT_EQ(OwnEntryInSlot(static_cast<RowIndex>(row)), nullptr) << row;
+        EXPECT_EQ(OwnTierInSlot(static_cast<RowIndex>(row)), -1) << row;
+        EXPECT_EQ(OwnEntry(static_cast<RowIndex>(row), PrimTierPx), px) << row;
     }
 }
 
 TEST(OwnEntryInSlot, AnotherRowsEntryIsNot) {
     pixmoor_test::RuntimeStateGuard guard;
     *PrimDispatchTable[11].slot = PrimDispatchTable[12].entries[PrimTierPx];
-    EXPECT_EQ(OwnEntryInSlot(pixmoor::dispatch::kRow_ImgRGBToYUV420), nullptr);
+    EXPECT_EQ(OwnTierInSlot(pixmoor::dispatch::kRow_ImgRGBToYUV420), -1);
 }
 
 // The typed form gives the entry as the member's function type.
@@ -50,6 +56,8 @@ TEST(OwnEntryInSlot, TypedAsTheMember) {
     *PrimDispatchTable[17].slot = PrimDispatchTable[17].entries[PrimTierA6];
     using Mirror = decltype(&px_ImgMirror8uC3);
     EXPECT_EQ(OwnEntryInSlot<Mirror>(pixmoor::dispatch::kRow_ImgMirror8uC3), &a6_ImgMirror8uC3);
+    *PrimDispatchTable[17].slot = reinterpret_cast<PrimEntry>(&Foreign);
+    EXPECT_EQ(OwnEntryInSlot<Mirror>(pixmoor::dispatch::kRow_ImgMirror8uC3), nullptr);
 }
 
 }  // namespace
